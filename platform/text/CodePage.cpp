@@ -1,0 +1,282 @@
+// Code pages as tables that are built from iconv once and then only looked up.
+#include "platform/text/CodePage.h"
+
+#include <iconv.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+#include "platform/text/Conversion.h"
+
+// Both directions of one page. pairs and the bytes above 255 in `bytes` are of double-byte pages.
+struct CodePageTable {
+    std::array<char16_t, 256> single{};  // undecodable bytes as U+DC00 + byte
+    std::array<bool, 256> lead{};
+    std::vector<char16_t> pairs;  // by lead byte * 256 + trail byte; 0 = none
+    std::vector<uint16_t> bytes;  // by character; 0 = none, from 256 on lead * 256 + trail
+};
+
+namespace {
+
+constexpr char16_t kUndecodable = 0xDC00;
+
+char16_t UndecodableByte(unsigned char byte) { return kUndecodable + byte; }
+
+bool IsSurrogate(char32_t codePoint) { return codePoint >= 0xD800 && codePoint < 0xE000; }
+
+bool IsUndecodableByte(char32_t codePoint) {
+    return codePoint >= kUndecodable + 0x80 && codePoint <= kUndecodable + 0xFF;
+}
+
+std::string IconvName(int number) {
+    static const std::map<int, std::string> names = {
+        {10000, "MACINTOSH"}, {1361, "JOHAB"}, {20866, "KOI8-R"}};
+    if (auto found = names.find(number); found != names.end()) return found->second;
+    if (number > 28590 && number < 28606) return "ISO-8859-" + std::to_string(number - 28590);
+    return "CP" + std::to_string(number);
+}
+
+// One direction between a page and UTF-16.
+class Iconv {
+  public:
+    Iconv(const std::string& to, const std::string& from)
+        : handle(iconv_open(to.c_str(), from.c_str())) {}
+    ~Iconv() {
+        if (IsOpen()) iconv_close(handle);
+    }
+    Iconv(const Iconv&) = delete;
+    Iconv& operator=(const Iconv&) = delete;
+
+    bool IsOpen() const { return handle != reinterpret_cast<iconv_t>(-1); }
+
+    // Converts the whole input; empty when any of it has no counterpart.
+    std::string Convert(std::string input) const {
+        std::array<char, 16> output{};
+        char* from = input.data();
+        char* to = output.data();
+        size_t fromLeft = input.size();
+        size_t toLeft = output.size();
+        iconv(handle, nullptr, nullptr, nullptr, nullptr);
+        if (iconv(handle, &from, &fromLeft, &to, &toLeft) != 0) return {};
+        // Some pages hold a letter back, in case an accent follows.
+        if (iconv(handle, nullptr, nullptr, &to, &toLeft) != 0) return {};
+        return {output.data(), output.size() - toLeft};
+    }
+
+  private:
+    iconv_t handle;
+};
+
+// The character that bytes stand for, 0 for none and for what is more than one unit.
+char16_t DecodeOne(const Iconv& decoder, const std::string& bytes) {
+    std::string wide = decoder.Convert(bytes);
+    if (wide.size() != 2) return 0;
+    return static_cast<char16_t>(static_cast<unsigned char>(wide[0]) |
+                                 static_cast<unsigned char>(wide[1]) << 8);
+}
+
+std::vector<char16_t> DecodePairs(const Iconv& decoder, CodePageTable& table) {
+    std::vector<char16_t> pairs(0x10000);
+    for (int lead = 0x80; lead < 0x100; ++lead) {
+        if (table.single[lead] != kUndecodable + lead) continue;
+        for (int trail = 0x30; trail < 0x100; ++trail) {
+            char16_t unit = DecodeOne(decoder, {static_cast<char>(lead), static_cast<char>(trail)});
+            pairs[lead << 8 | trail] = unit;
+            if (unit) table.lead[lead] = true;
+        }
+    }
+    return pairs;
+}
+
+// Several bytes may stand for one character; iconv knows which of them is the usual one.
+void FillBytes(const Iconv& encoder, const std::vector<char16_t>& characters,
+               std::vector<uint16_t>& bytes) {
+    for (char16_t unit : characters) {
+        if (unit < 0x80 || IsUndecodableByte(unit) || bytes[unit]) continue;
+        std::string encoded =
+            encoder.Convert({static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)});
+        for (unsigned char byte : encoded) {
+            bytes[unit] = static_cast<uint16_t>(bytes[unit] << 8 | byte);
+        }
+    }
+}
+
+std::unique_ptr<CodePageTable> BuildTable(int number) {
+    Iconv decoder("UTF-16LE", IconvName(number));
+    Iconv encoder(IconvName(number), "UTF-16LE");
+    if (!decoder.IsOpen() || !encoder.IsOpen()) {
+        throw std::invalid_argument("Code page " + std::to_string(number) +
+                                    ": the system has no conversion for it; choose another one");
+    }
+    auto table = std::make_unique<CodePageTable>();
+    for (int byte = 0; byte < 0x100; ++byte) {
+        char16_t unit = byte < 0x80 ? byte : DecodeOne(decoder, {static_cast<char>(byte)});
+        table->single[byte] = byte && !unit ? UndecodableByte(byte) : unit;
+    }
+    std::vector<char16_t> pairs = DecodePairs(decoder, *table);
+    table->bytes.resize(0x10000);
+    FillBytes(encoder, {table->single.begin(), table->single.end()}, table->bytes);
+    if (std::find(table->lead.begin(), table->lead.end(), true) != table->lead.end()) {
+        FillBytes(encoder, pairs, table->bytes);
+        table->pairs = std::move(pairs);
+    }
+    return table;
+}
+
+// Tables live as long as the process: code pages are few, and values point at them.
+const CodePageTable* TableOf(int number) {
+    static std::mutex mutex;
+    static std::map<int, std::unique_ptr<CodePageTable>> tables;
+    std::lock_guard lock(mutex);
+    std::unique_ptr<CodePageTable>& table = tables[number];
+    if (!table) table = BuildTable(number);
+    return table.get();
+}
+
+// Letters and digits of a name in lower case, so that spellings with and without "_" and "-" meet.
+std::string NameKey(std::string_view name) {
+    std::string key;
+    for (char c : name) {
+        if (c >= 'A' && c <= 'Z') c += 'a' - 'A';
+        if ((c >= 'a' && c <= 'z') || (c >= '0' && c <= '9')) key += c;
+    }
+    return key;
+}
+
+int NumberOfName(std::string_view name) {
+    static const std::map<std::string, int, std::less<>> names = {{"utf8", CodePage::kUtf8},
+                                                                  {"ascii", 1252},
+                                                                  {"macroman", 10000},
+                                                                  {"mac", 10000},
+                                                                  {"big5", 950},
+                                                                  {"gb2312", 936},
+                                                                  {"gbk", 936},
+                                                                  {"ksc5601", 949},
+                                                                  {"johab", 1361},
+                                                                  {"koi8r", 20866},
+                                                                  {"shiftjis", 932},
+                                                                  {"iso88591", 28591},
+                                                                  {"iso88592", 28592},
+                                                                  {"iso88593", 28593},
+                                                                  {"iso88594", 28594},
+                                                                  {"iso88595", 28595},
+                                                                  {"iso88596", 28596},
+                                                                  {"iso88597", 28597},
+                                                                  {"iso88598", 28598},
+                                                                  {"iso88599", 28599}};
+    std::string key = NameKey(name);
+    if (auto found = names.find(key); found != names.end()) return found->second;
+    for (std::string_view prefix : {"ansi", "dos", "cp", "windows"}) {
+        if (!key.starts_with(prefix)) continue;
+        std::string digits = key.substr(prefix.size());
+        bool number = !digits.empty() && digits.size() < 6 &&
+                      digits.find_first_not_of("0123456789") == std::string::npos;
+        return number ? std::stoi(digits) : CodePage::kWindows1252;
+    }
+    return CodePage::kWindows1252;
+}
+
+size_t AsciiPrefix(std::string_view bytes) {
+    constexpr uint64_t kHighBits = 0x8080808080808080;
+    size_t length = 0;
+    for (uint64_t word; length + sizeof word <= bytes.size(); length += sizeof word) {
+        std::memcpy(&word, bytes.data() + length, sizeof word);
+        if (word & kHighBits) break;
+    }
+    while (length < bytes.size() && !(bytes[length] & 0x80)) ++length;
+    return length;
+}
+
+// Strict: the bytes of a surrogate are undecodable like those of any other malformed sequence.
+void DecodeUtf8(std::string_view bytes, std::u16string& out) {
+    for (size_t i = 0; i < bytes.size();) {
+        size_t start = i;
+        std::optional<char32_t> codePoint = text::NextNarrow(bytes, i);
+        if (codePoint && !IsSurrogate(*codePoint)) {
+            text::AppendWide(*codePoint, out);
+        } else {
+            out += UndecodableByte(bytes[start]);
+            i = start + 1;
+        }
+        size_t ascii = AsciiPrefix(bytes.substr(i));
+        out.append(bytes.begin() + i, bytes.begin() + i + ascii);
+        i += ascii;
+    }
+}
+
+// No byte gives more than one unit.
+void DecodeByTable(const CodePageTable& table, std::string_view bytes, std::u16string& out) {
+    size_t start = out.size();
+    out.resize(start + bytes.size());
+    char16_t* to = out.data() + start;
+    for (size_t i = 0; i < bytes.size(); ++i) {
+        unsigned char byte = bytes[i];
+        *to = table.single[byte];
+        if (table.lead[byte] && i + 1 < bytes.size()) {
+            unsigned char trail = bytes[i + 1];
+            if (char16_t pair = table.pairs[byte << 8 | trail]) {
+                *to = pair;
+                ++i;
+            }
+        }
+        ++to;
+    }
+    out.resize(to - out.data());
+}
+
+bool EncodeUtf8(char32_t codePoint, std::string& out) {
+    if (codePoint > 0x10FFFF || IsSurrogate(codePoint)) return false;
+    text::AppendNarrow(codePoint, out);
+    return true;
+}
+
+}  // namespace
+
+CodePage::CodePage(int number)
+    : number(number), table(number == kUtf8 ? nullptr : TableOf(number)) {}
+
+CodePage CodePage::FromDrawingName(std::string_view name) {
+    try {
+        return CodePage(NumberOfName(name));
+    } catch (const std::invalid_argument&) {
+        return CodePage(kWindows1252);
+    }
+}
+
+std::u16string CodePage::Decode(std::string_view bytes) const {
+    size_t ascii = AsciiPrefix(bytes);
+    std::u16string out;
+    out.reserve(bytes.size());
+    out.assign(bytes.begin(), bytes.begin() + ascii);
+    bytes.remove_prefix(ascii);
+    if (table) {
+        DecodeByTable(*table, bytes, out);
+    } else {
+        DecodeUtf8(bytes, out);
+    }
+    return out;
+}
+
+bool CodePage::Encode(char32_t codePoint, std::string& out) const {
+    if (codePoint < 0x80 || IsUndecodableByte(codePoint)) {
+        out += static_cast<char>(codePoint & 0xFF);
+        return true;
+    }
+    if (!table) return EncodeUtf8(codePoint, out);
+    uint16_t bytes = codePoint < 0x10000 ? table->bytes[codePoint] : 0;
+    if (bytes > 0xFF) out += static_cast<char>(bytes >> 8);
+    if (bytes) out += static_cast<char>(bytes & 0xFF);
+    return bytes != 0;
+}
+
+bool CodePage::IsDoubleByte() const { return table && !table->pairs.empty(); }
+
+bool CodePage::IsLeadByte(unsigned char byte) const { return table && table->lead[byte]; }
