@@ -1,0 +1,218 @@
+// Writes a file so that a reader, or a power cut, finds the old or the new one and nothing between.
+#include "platform/drawing/dxf/SaveFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/uio.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <utility>
+
+#include "platform/drawing/dxf/Group.h"
+
+namespace dxf {
+
+namespace {
+
+[[noreturn]] void Fail(const std::string& path, std::string_view what, int error) {
+    throw Error(path + ": " + std::string(what) + ": " + std::strerror(error) +
+                "; nothing was changed");
+}
+
+class Descriptor {
+  public:
+    explicit Descriptor(int number) : number(number) {}
+    ~Descriptor() {
+        if (number >= 0) ::close(number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int Number() const { return number; }
+    // A file system may tell only here that it could not write.
+    int Close() { return ::close(std::exchange(number, -1)); }
+
+  private:
+    int number;
+};
+
+// Removes a file at the end of a scope unless it was kept.
+class Removal {
+  public:
+    explicit Removal(std::string path) : path(std::move(path)) {}
+    ~Removal() {
+        if (!path.empty()) ::unlink(path.c_str());
+    }
+    Removal(const Removal&) = delete;
+    Removal& operator=(const Removal&) = delete;
+    void Keep() { path.clear(); }
+
+  private:
+    std::string path;
+};
+
+// Hands all vectors to the kernel, however little it takes at a time. 0 or an errno.
+int WriteAll(int file, std::vector<iovec>& vectors) {
+    constexpr size_t kVectorsPerCall = 1024;
+    size_t first = 0;
+    while (first < vectors.size()) {
+        const size_t count = std::min(kVectorsPerCall, vectors.size() - first);
+        const ssize_t written = ::writev(file, vectors.data() + first, int(count));
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return errno;
+        size_t left = size_t(written);
+        while (first < vectors.size() && left >= vectors[first].iov_len)
+            left -= vectors[first++].iov_len;
+        if (left == 0) continue;
+        vectors[first].iov_base = static_cast<char*>(vectors[first].iov_base) + left;
+        vectors[first].iov_len -= left;
+    }
+    return 0;
+}
+
+std::vector<iovec> VectorsOf(const std::vector<std::string_view>& pieces) {
+    std::vector<iovec> vectors;
+    vectors.reserve(pieces.size());
+    for (const std::string_view piece : pieces)
+        if (!piece.empty()) vectors.push_back({const_cast<char*>(piece.data()), piece.size()});
+    return vectors;
+}
+
+// Small files mostly change in small pieces, and copying those into a buffer is cheaper than a
+// vector for each.
+int WriteGathered(int file, const std::vector<std::string_view>& pieces) {
+    constexpr size_t kGather = 256 * 1024;
+    std::string gathered;
+    gathered.reserve(kGather);
+    const auto flush = [&] {
+        std::vector<iovec> one = VectorsOf({gathered});
+        const int error = WriteAll(file, one);
+        gathered.clear();
+        return error;
+    };
+    for (std::string_view piece : pieces) {
+        while (!piece.empty()) {
+            const size_t part = std::min(piece.size(), kGather - gathered.size());
+            gathered.append(piece.substr(0, part));
+            piece.remove_prefix(part);
+            if (gathered.size() < kGather) continue;
+            if (const int error = flush()) return error;
+        }
+    }
+    return flush();
+}
+
+int WritePieces(int file, const std::vector<std::string_view>& pieces) {
+    constexpr size_t kSmallFile = size_t(10) << 20;
+    size_t size = 0;
+    for (const std::string_view piece : pieces) size += piece.size();
+    if (size < kSmallFile) return WriteGathered(file, pieces);
+    std::vector<iovec> vectors = VectorsOf(pieces);
+    return WriteAll(file, vectors);
+}
+
+// The file that a path means: what a link points at, else the path itself.
+std::string Resolved(const std::string& path) {
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
+                                                           &std::free);
+    return real ? std::string(real.get()) : path;
+}
+
+std::string FolderOf(const std::string& path) {
+    const std::string folder = std::filesystem::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+struct Temporary {
+    std::string path;
+    int file;
+};
+
+// A new file of a name that nobody has; the mask of the process rules its permissions.
+Temporary CreateTemporary(const std::string& target) {
+    for (unsigned number = 0;; ++number) {
+        const std::string path =
+            target + "." + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
+        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (file >= 0) return {path, file};
+        if (errno == EEXIST && number < 1000) continue;
+        const int error = errno;
+        Fail(target, "no file can be written in the folder " + FolderOf(target), error);
+    }
+}
+
+void TakePermissions(int file, const std::string& target) {
+    struct stat old;
+    if (::stat(target.c_str(), &old) != 0) return;
+    if (!S_ISREG(old.st_mode))
+        throw Error(target + ": the target is no ordinary file; give another name");
+    if (::access(target.c_str(), W_OK) != 0) Fail(target, "the file is write-protected", errno);
+    if (::fchmod(file, old.st_mode & 07777) != 0)
+        Fail(target, "the permissions of the file cannot be kept", errno);
+}
+
+void SyncFolder(const std::string& target) {
+    const Descriptor folder(::open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // The new file is in place by now; a folder that cannot be synced takes nothing from it.
+    if (folder.Number() >= 0) ::fsync(folder.Number());
+}
+
+void WriteAndSync(Descriptor& file, const std::string& target,
+                  const std::vector<std::string_view>& pieces) {
+    if (const int error = WritePieces(file.Number(), pieces))
+        Fail(target, "the drawing cannot be written", error);
+    if (::fsync(file.Number()) != 0) Fail(target, "the drawing cannot be written", errno);
+    if (file.Close() != 0) Fail(target, "the drawing cannot be written", errno);
+}
+
+}  // namespace
+
+bool IdentifyFile(const std::string& path, FileIdentity& identity) {
+    struct stat found;
+    if (::stat(path.c_str(), &found) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR) return false;
+        Fail(path, "the file cannot be looked at", errno);
+    }
+    identity = {uint64_t(found.st_dev), uint64_t(found.st_ino), uint64_t(found.st_size),
+                int64_t(found.st_mtim.tv_sec), int64_t(found.st_mtim.tv_nsec)};
+    return true;
+}
+
+void ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces,
+                 const VerifyTemporary& verify) {
+    const std::string target = Resolved(path);
+    const Temporary temporary = CreateTemporary(target);
+    Descriptor file(temporary.file);
+    Removal removal(temporary.path);
+    TakePermissions(file.Number(), target);
+    WriteAndSync(file, target, pieces);
+    if (verify) verify(temporary.path);
+    if (::rename(temporary.path.c_str(), target.c_str()) != 0)
+        Fail(target, "the new file cannot take the place of the old one", errno);
+    removal.Keep();
+    SyncFolder(target);
+}
+
+void WriteToStandardOutput(const std::vector<std::string_view>& pieces,
+                           const VerifyTemporary& verify) {
+    if (verify) {
+        const Temporary temporary = CreateTemporary(
+            (std::filesystem::temp_directory_path() / "standard-output.dxf").string());
+        Descriptor file(temporary.file);
+        const Removal removal(temporary.path);
+        if (const int error = WritePieces(file.Number(), pieces))
+            Fail(temporary.path, "the drawing cannot be written", error);
+        verify(temporary.path);
+    }
+    if (const int error = WritePieces(STDOUT_FILENO, pieces))
+        throw Error("standard output: the drawing cannot be written: " +
+                    std::string(std::strerror(error)));
+}
+
+}  // namespace dxf

@@ -1,0 +1,35 @@
+// Writes a file so that a reader, or a power cut, finds the old or the new one and nothing between.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dxf {
+
+// What tells whether a file on disk is still the one that was read.
+struct FileIdentity {
+    uint64_t device = 0, inode = 0, size = 0;
+    int64_t modifiedSeconds = 0, modifiedNanoseconds = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+
+// False when there is no such file. Throws Error for other failures.
+bool IdentifyFile(const std::string& path, FileIdentity& identity);
+
+using VerifyTemporary = std::function<void(const std::string& temporaryPath)>;
+
+// Writes the pieces one behind the other to a temporary file in the target's folder, syncs it,
+// calls verify, renames it and syncs the folder. The permissions are those of the file that is
+// replaced; a symbolic link stays and what it points at is replaced. On any failure the target is
+// as it was and the temporary file is gone; throws Error.
+void ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces,
+                 const VerifyTemporary& verify);
+
+// The same to standard output; with verify, by way of a temporary file.
+void WriteToStandardOutput(const std::vector<std::string_view>& pieces,
+                           const VerifyTemporary& verify);
+
+}  // namespace dxf

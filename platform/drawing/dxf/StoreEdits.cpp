@@ -1,0 +1,230 @@
+// Changing records, and taking changes back.
+#include <algorithm>
+#include <utility>
+
+#include "platform/drawing/dxf/StoreState.h"
+
+namespace dxf {
+
+namespace {
+
+constexpr uint8_t kPlaceFlags =
+    kErased | kOverlaid | kInserted | kMemoryHandle | kDuplicateHandle | kFollowed;
+
+Section SectionBehind(const Record& record) {
+    return record.type == RecordType::Endsec ? Section::None : record.section;
+}
+
+}  // namespace
+
+void Store::Impl::RequireEditable() const {
+    if (!readOnly) return;
+    const auto reason = std::find_if(
+        index.findings.begin(), index.findings.end(),
+        [](const Finding& finding) { return finding.severity == Finding::Severity::ReadOnly; });
+    throw Error((path.empty() ? "the drawing" : path) +
+                ": opened for reading only: " + reason->text);
+}
+
+// As the first line of the record ends.
+std::string_view Store::Impl::LineEndAt(RecordIndex neighbour) const {
+    if (index.lineEnd == '\r') return "\r";
+    const std::string_view bytes = BytesOf(neighbour);
+    const size_t end = bytes.find('\n');
+    return end != bytes.npos && end > 0 && bytes[end - 1] == '\r' ? "\r\n" : "\n";
+}
+
+void Store::Impl::EndLastLine(std::string& bytes, RecordIndex neighbour) const {
+    if (index.format == Format::Ascii && !bytes.empty() && bytes.back() != index.lineEnd)
+        bytes += LineEndAt(neighbour);
+}
+
+// The index entry of bytes that are to become a record; throws for what is not one whole record.
+Record Store::Impl::Describe(std::string_view bytes, Section section) {
+    GroupReader groups = Groups(bytes);
+    RecordBuilder builder(index.format, index.layers);
+    Group group;
+    if (!groups.Next(group) || group.code != 0 || group.begin != 0)
+        throw Error("a record was given that does not begin with a group 0");
+    builder.Begin(0, group.value, section);
+    if (TypeOfName(group.value) == RecordType::Section) {
+        GroupReader names = groups;
+        Group name;
+        if (names.Next(name) && name.code == 2) section = SectionOfName(name.value);
+    }
+    while (groups.Next(group)) {
+        const Action action = ActionOfCode(group.code);
+        if (action == Action::Zero) throw Error("a record was given that holds a second group 0");
+        if (action != Action::None) builder.Take(action, group.value, group.begin);
+    }
+    if (groups.Broken()) throw Error("a record was given that ends inside a group");
+    Record record = builder.End(bytes.size());
+    record.section = section;
+    return record;
+}
+
+// Takes over the hints; the place and what is known about the place stay. A record that bears no
+// handle of its own keeps the one that it was given in memory.
+void Store::Impl::TakeDescription(RecordIndex number, const Record& description) {
+    Record& record = index.records[number];
+    const uint64_t offset = record.offset;
+    const uint8_t placeFlags = record.flags & kPlaceFlags;
+    record = description;
+    record.offset = offset;
+    record.flags |= placeFlags & ~(kMemoryHandle | kDuplicateHandle);
+    if (record.handle != 0) {
+        const RecordIndex bearer = handles.Find(record.handle);
+        if (bearer == kNoRecord || bearer == number) {
+            if (bearer == kNoRecord) handles.Insert(number);
+            return;
+        }
+        record.flags |= kDuplicateHandle;
+    }
+    const auto given = memoryHandles.find(number);
+    if (given == memoryHandles.end()) return;
+    record.handle = given->second;
+    record.flags |= kMemoryHandle;
+    handles.Insert(number);
+}
+
+std::string_view Store::Impl::ViewOf(RecordIndex number, const SharedBytes& bytes) const {
+    return bytes ? std::string_view(*bytes) : FileBytes(number);
+}
+
+void Store::Impl::SetBytes(RecordIndex number, SharedBytes bytes) {
+    Record& record = index.records[number];
+    if (!(record.flags & kInserted) && bytes && *bytes == FileBytes(number)) bytes = nullptr;
+    const Record description = Describe(ViewOf(number, bytes), record.section);
+    if (bytes && !(record.flags & kInserted)) record.flags |= kOverlaid;
+    if (!bytes) record.flags &= ~kOverlaid;
+    edits[number].bytes = std::move(bytes);
+    TakeDescription(number, description);
+}
+
+void Store::Impl::SetErasedFlag(RecordIndex number, bool erased) {
+    Record& record = index.records[number];
+    record.flags = uint8_t(erased ? record.flags | kErased : record.flags & ~kErased);
+    edits[number];
+}
+
+RecordState Store::Impl::StateOf(RecordIndex number) const {
+    const auto edit = edits.find(number);
+    return {number, edit == edits.end() ? nullptr : edit->second.bytes,
+            (index.records[number].flags & kErased) != 0, false};
+}
+
+void Store::Impl::Remember(const RecordState& state) {
+    if (recording && recordedIndexes.insert(state.index).second) recorded.push_back(state);
+}
+
+void Store::Replace(RecordIndex index, std::string bytes) {
+    impl->RequireEditable();
+    if (bytes == Bytes(index)) return;
+    impl->EndLastLine(bytes, index);
+    const RecordState before = impl->StateOf(index);
+    impl->SetBytes(index, std::make_shared<const std::string>(std::move(bytes)));
+    impl->Remember(before);
+}
+
+RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
+    impl->RequireEditable();
+    impl->EndLastLine(bytes, where);
+    const Record description = impl->Describe(bytes, SectionBehind(At(where)));
+    if (Count() >= kNoRecord / 2) throw Error("the drawing holds too many records");
+    Record& record = impl->index.records.Append();
+    const RecordIndex inserted = Count() - 1;
+    record.flags = kInserted;
+    Edit& edit = impl->edits[inserted];
+    edit.bytes = std::make_shared<const std::string>(std::move(bytes));
+    edit.savedErased = true;
+    impl->Link(inserted, where);
+    impl->TakeDescription(inserted, description);
+    impl->Remember({inserted, nullptr, true, true});
+    return inserted;
+}
+
+void Store::Impl::Link(RecordIndex inserted, RecordIndex where) {
+    RecordIndex anchor = where;
+    if (where >= fileCount) {
+        Links& before = links[where - fileCount];
+        links.push_back({where, before.next});
+        links[where - fileCount].next = inserted;
+    } else {
+        Record& record = index.records[where];
+        const RecordIndex behind = where + 1 < fileCount ? where + 1 : kNoRecord;
+        const bool followed = record.flags & kFollowed;
+        Chain& chain = chains[where];
+        links.push_back({where, followed ? chain.first : behind});
+        chain.first = inserted;
+        if (!followed) chain.last = inserted;
+        record.flags |= kFollowed;
+    }
+    // Whoever comes next must point back here: an inserted record by its link, one of the file by
+    // the end of the chain before it.
+    const RecordIndex next = links.back().next;
+    if (next != kNoRecord && next >= fileCount) {
+        links[next - fileCount].previous = inserted;
+        return;
+    }
+    if (next != kNoRecord)
+        anchor = next - 1;
+    else
+        anchor = fileCount - 1;
+    chains[anchor].last = inserted;
+}
+
+void Store::SetErased(RecordIndex index, bool erased) {
+    impl->RequireEditable();
+    const RecordState before = impl->StateOf(index);
+    if (before.erased == erased) return;
+    impl->SetErasedFlag(index, erased);
+    impl->Remember(before);
+}
+
+void Store::AssignMemoryHandle(RecordIndex index, uint64_t handle) {
+    Record& record = impl->index.records[index];
+    record.handle = handle;
+    record.flags |= kMemoryHandle;
+    impl->memoryHandles[index] = handle;
+    impl->handles.Insert(index);
+}
+
+uint64_t Store::NewHandle() {
+    if (impl->nextHandle == UINT64_MAX) throw Error("the drawing has no free handle left");
+    return impl->nextHandle++;
+}
+
+GroupWriter Store::NewWriter(RecordIndex neighbour) const {
+    const FileIndex& index = impl->index;
+    return {index.format, index.wideCodes,
+            impl->LineEndAt(neighbour == kNoRecord ? First() : neighbour)};
+}
+
+void Store::BeginRecording() {
+    impl->recording = true;
+    impl->recorded.clear();
+    impl->recordedIndexes.clear();
+}
+
+std::vector<RecordState> Store::EndRecording() {
+    impl->recording = false;
+    impl->recordedIndexes.clear();
+    return std::exchange(impl->recorded, {});
+}
+
+std::vector<RecordState> Store::Restore(const std::vector<RecordState>& states) {
+    if (!states.empty()) impl->RequireEditable();
+    std::vector<RecordState> replaced;
+    replaced.reserve(states.size());
+    for (const RecordState& state : states) {
+        const RecordState before = impl->StateOf(state.index);
+        replaced.push_back(before);
+        // A record that did not exist yet keeps its bytes, for its index may be asked for still.
+        if (!state.absent && before.bytes != state.bytes) impl->SetBytes(state.index, state.bytes);
+        impl->SetErasedFlag(state.index, state.absent || state.erased);
+        impl->Remember(before);
+    }
+    return replaced;
+}
+
+}  // namespace dxf

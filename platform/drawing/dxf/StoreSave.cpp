@@ -1,0 +1,129 @@
+// Putting the file together again.
+#include <algorithm>
+#include <filesystem>
+
+#include "platform/drawing/dxf/StoreState.h"
+
+namespace dxf {
+
+Flattened::Flattened(const Store::Impl& store) : store(store) {
+    if (const uint64_t seed = store.NeededSeed()) header = store.HeaderWithSeed(seed);
+    for (const RecordIndex number : store.TouchedRecords()) {
+        AddFileUpTo(store.index.records[number].offset);
+        AddRecord(number);
+        copied = store.FileEnd(number);
+        AddChain(number);
+    }
+    AddFileUpTo(store.file.Size());
+}
+
+void Flattened::AddFileUpTo(uint64_t offset) {
+    if (offset > copied) pieces.push_back(store.file.View().substr(copied, offset - copied));
+    copied = offset;
+}
+
+void Flattened::AddRecord(RecordIndex number) {
+    if (store.index.records[number].flags & kErased) return;
+    const bool isHeader = number == store.index.header.record;
+    pieces.push_back(isHeader && !header.empty() ? std::string_view(header)
+                                                 : store.BytesOf(number));
+}
+
+void Flattened::AddChain(RecordIndex anchor) {
+    if (!(store.index.records[anchor].flags & kFollowed)) return;
+    const Chain& chain = store.chains.at(anchor);
+    for (RecordIndex number = chain.first;; number = store.links[number - store.fileCount].next) {
+        // The file's last line may lack its end.
+        const bool ascii = store.index.format == Format::Ascii;
+        if (ascii && !pieces.empty() && pieces.back().back() != store.index.lineEnd)
+            pieces.push_back(store.LineEndAt(anchor));
+        AddRecord(number);
+        if (number == chain.last) return;
+    }
+}
+
+std::vector<RecordIndex> Store::Impl::TouchedRecords() const {
+    std::vector<RecordIndex> touched;
+    touched.reserve(edits.size() + chains.size() + 1);
+    for (const auto& [number, edit] : edits) {
+        const bool differs = edit.bytes || (index.records[number].flags & kErased);
+        if (number < fileCount && differs) touched.push_back(number);
+    }
+    for (const auto& [number, chain] : chains) touched.push_back(number);
+    if (index.header.record != kNoRecord && NeededSeed() != 0)
+        touched.push_back(index.header.record);
+    std::sort(touched.begin(), touched.end());
+    touched.erase(std::unique(touched.begin(), touched.end()), touched.end());
+    return touched;
+}
+
+// Only a handle that is written counts: after an undo the file is what it was.
+uint64_t Store::Impl::NeededSeed() const {
+    if (nextHandle == firstNewHandle || index.header.record == kNoRecord) return 0;
+    uint64_t needed = 0;
+    for (const auto& [number, edit] : edits) {
+        const Record& record = index.records[number];
+        if (record.flags & (kErased | kMemoryHandle)) continue;
+        if (record.handle >= firstNewHandle && record.handle < nextHandle)
+            needed = std::max(needed, record.handle + 1);
+    }
+    if (needed == 0) return 0;
+    const HeaderVariables header = ReadHeaderVariables(Groups(BytesOf(index.header.record)));
+    return header.handSeed < needed ? needed : 0;
+}
+
+std::string Store::Impl::HeaderWithSeed(uint64_t seed) const {
+    const std::string_view bytes = BytesOf(index.header.record);
+    const HeaderVariables header = ReadHeaderVariables(Groups(bytes));
+    GroupWriter writer(index.format, index.wideCodes, LineEndAt(index.header.record));
+    if (header.seedEnd != 0) {
+        writer.Raw(bytes.substr(0, header.seedBegin)).Handle(5, seed);
+        return writer.Raw(bytes.substr(header.seedEnd)).Take();
+    }
+    return writer.Raw(bytes).String(9, "$HANDSEED").Handle(5, seed).Take();
+}
+
+bool Store::Modified() const {
+    for (const auto& [number, edit] : impl->edits) {
+        const bool erased = At(number).flags & kErased;
+        if (erased != edit.savedErased) return true;
+        if (erased || edit.bytes == edit.savedBytes) continue;
+        if (impl->ViewOf(number, edit.bytes) != impl->ViewOf(number, edit.savedBytes)) return true;
+    }
+    return false;
+}
+
+void Store::MarkSaved() {
+    for (auto& [number, edit] : impl->edits) {
+        edit.savedBytes = edit.bytes;
+        edit.savedErased = At(number).flags & kErased;
+    }
+}
+
+std::string Store::ToBytes() const {
+    const Flattened flattened(*impl);
+    size_t size = 0;
+    for (const std::string_view piece : flattened.Pieces()) size += piece.size();
+    std::string bytes;
+    bytes.reserve(size);
+    for (const std::string_view piece : flattened.Pieces()) bytes += piece;
+    return bytes;
+}
+
+void Store::Save(const std::string& nativePath, bool force, const Verify& verify) {
+    const Flattened flattened(*impl);
+    if (nativePath == "-") return WriteToStandardOutput(flattened.Pieces(), verify);
+    FileIdentity now;
+    const bool exists = IdentifyFile(nativePath, now);
+    std::error_code failed;
+    const bool own = exists && !impl->path.empty() &&
+                     std::filesystem::canonical(nativePath, failed) == impl->path;
+    if (own && !force && !(now == impl->identity))
+        throw Error(nativePath +
+                    ": the file changed on disk since it was read; nothing was changed. Save under "
+                    "another name, or say that it may be overwritten");
+    ReplaceFile(nativePath, flattened.Pieces(), verify);
+    if (own) IdentifyFile(nativePath, impl->identity);
+}
+
+}  // namespace dxf

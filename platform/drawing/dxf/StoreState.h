@@ -1,0 +1,107 @@
+// What a store keeps in memory: the file, its index, and the edits.
+#pragma once
+
+#include <unordered_map>
+#include <unordered_set>
+
+#include "platform/drawing/dxf/FileIndex.h"
+#include "platform/drawing/dxf/FileInput.h"
+#include "platform/drawing/dxf/HandleIndex.h"
+#include "platform/drawing/dxf/Store.h"
+
+namespace dxf {
+
+using SharedBytes = std::shared_ptr<const std::string>;
+
+// What differs from the file in one record. Null bytes: those of the file.
+struct Edit {
+    SharedBytes bytes;
+    SharedBytes savedBytes;  // as of the last save
+    bool savedErased = false;
+};
+
+// Neighbours of an inserted record.
+struct Links {
+    RecordIndex previous, next;
+};
+
+// The inserted records behind one record of the file.
+struct Chain {
+    RecordIndex first, last;
+};
+
+struct Store::Impl {
+    Buffer file;
+    std::string path;  // empty unless the store was read from a file
+    FileIdentity identity;
+    FileIndex index;
+    HandleIndex handles{index.records};
+    std::string pageName;
+    std::unique_ptr<TextCodec> codec;
+    Version version = Version::R12;
+    bool readOnly = false;
+    RecordIndex fileCount = 0;
+    uint64_t firstNewHandle = 1, nextHandle = 1;
+
+    std::unordered_map<RecordIndex, Edit> edits;
+    std::vector<Links> links;  // of the inserted records, in order of insertion
+    std::unordered_map<RecordIndex, Chain> chains;
+    std::unordered_map<RecordIndex, uint64_t> memoryHandles;
+
+    bool recording = false;
+    std::vector<RecordState> recorded;
+    std::unordered_set<RecordIndex> recordedIndexes;
+
+    // Set-up, after the file is there.
+    void IndexFile();
+    void EnterHandles();
+
+    uint64_t FileEnd(RecordIndex number) const {
+        return number + 1 < fileCount ? index.records[number + 1].offset : index.bodyEnd;
+    }
+    std::string_view FileBytes(RecordIndex number) const {
+        const uint64_t begin = index.records[number].offset;
+        return file.View().substr(begin, FileEnd(number) - begin);
+    }
+    std::string_view BytesOf(RecordIndex number) const;
+    std::string_view ViewOf(RecordIndex number, const SharedBytes& bytes) const;
+    GroupReader Groups(std::string_view bytes, uint64_t from = 0) const {
+        return {index.format, index.wideCodes, bytes, from, index.lineEnd};
+    }
+
+    // Edits. A record's number is called so here, since the index is the file's.
+    void RequireEditable() const;
+    std::string_view LineEndAt(RecordIndex neighbour) const;
+    void EndLastLine(std::string& bytes, RecordIndex neighbour) const;
+    Record Describe(std::string_view bytes, Section section);
+    void TakeDescription(RecordIndex number, const Record& description);
+    void Link(RecordIndex inserted, RecordIndex where);
+    void SetBytes(RecordIndex number, SharedBytes bytes);
+    void SetErasedFlag(RecordIndex number, bool erased);
+    RecordState StateOf(RecordIndex number) const;
+    void Remember(const RecordState& state);
+
+    // Saving.
+    uint64_t NeededSeed() const;  // 0 when the file's is good
+    std::string HeaderWithSeed(uint64_t seed) const;
+    std::vector<RecordIndex> TouchedRecords() const;
+};
+
+// The file as it stands now, as views in their order. Lives as long as the store is not changed.
+class Flattened {
+  public:
+    explicit Flattened(const Store::Impl& store);
+    const std::vector<std::string_view>& Pieces() const { return pieces; }
+
+  private:
+    void AddFileUpTo(uint64_t offset);
+    void AddRecord(RecordIndex number);
+    void AddChain(RecordIndex anchor);
+
+    const Store::Impl& store;
+    std::string header;  // with a new $HANDSEED; empty when it stays
+    uint64_t copied = 0;
+    std::vector<std::string_view> pieces;
+};
+
+}  // namespace dxf

@@ -1,0 +1,104 @@
+// What nobody changed comes out byte for byte.
+#include <gtest/gtest.h>
+
+#include "tests/platform/dxf/Samples.h"
+
+namespace {
+
+using namespace dxf;
+using namespace samples;
+
+std::vector<std::filesystem::path> AllDrawings() {
+    std::vector<std::filesystem::path> all = DrawingsIn(FixtureFolder());
+    if (const char* folder = std::getenv("KV_DRAWINGS"))
+        for (const auto& path : DrawingsIn(folder)) all.push_back(path);
+    return all;
+}
+
+// The groups of a record written again: codes and values as they were read, line by line.
+std::string Rewritten(const Store& store, RecordIndex index) {
+    GroupReader groups = store.Groups(index);
+    const std::string_view bytes = store.Bytes(index);
+    std::string again;
+    uint64_t end = 0;
+    Group group;
+    while (groups.Next(group)) {
+        EXPECT_EQ(group.begin, end) << "groups follow each other without a gap";
+        again += bytes.substr(group.begin, group.end - group.begin);
+        end = group.end;
+    }
+    return again;
+}
+
+void ExpectLossless(Store& store, const std::string& original) {
+    ASSERT_TRUE(store.ToBytes() == original) << "as read";
+    ASSERT_FALSE(store.ReadOnly());
+    for (RecordIndex i = 0; i < store.FileCount(); ++i) store.Replace(i, Rewritten(store, i));
+    EXPECT_FALSE(store.Modified());
+    ASSERT_TRUE(store.ToBytes() == original) << "every record written back";
+
+    store.BeginRecording();
+    for (RecordIndex i = 0; i < store.FileCount(); ++i) {
+        std::string changed(store.Bytes(i));
+        changed += store.NewWriter(i).String(1000, "x").Take();
+        store.Replace(i, changed);
+        if (i % 3 == 0) store.InsertAfter(i, store.NewWriter(i).String(0, "POINT").Take());
+    }
+    EXPECT_TRUE(store.Modified());
+    store.Restore(store.EndRecording());
+    EXPECT_FALSE(store.Modified());
+    ASSERT_TRUE(store.ToBytes() == original) << "after an undo";
+}
+
+TEST(RoundTrip, EveryDrawingIsKept) {
+    size_t refused = 0;
+    for (const auto& path : AllDrawings()) {
+        SCOPED_TRACE(path.filename().string());
+        std::unique_ptr<Store> store;
+        try {
+            store = Store::Read(path.string());
+        } catch (const Error& error) {
+            ++refused;
+            EXPECT_NE(std::string(error.what()).find("line 1"), std::string::npos) << error.what();
+            continue;
+        }
+        ExpectLossless(*store, ReadBytes(path));
+    }
+    EXPECT_LE(refused, 3u);
+}
+
+TEST(RoundTrip, BothFormatsHoldTheSame) {
+    const auto ascii = Store::Read((FixtureFolder() / "ascii_r2000_lf.dxf").string());
+    const auto binary = Store::Read((FixtureFolder() / "binary_r2000.dxf").string());
+    ASSERT_EQ(ascii->Count(), binary->Count());
+    for (RecordIndex i = 0; i < ascii->Count(); ++i) {
+        EXPECT_EQ(ascii->TypeName(i), binary->TypeName(i));
+        EXPECT_EQ(ascii->At(i).handle, binary->At(i).handle);
+        EXPECT_EQ(ascii->At(i).owner, binary->At(i).owner);
+        EXPECT_EQ(ascii->At(i).text == 0, binary->At(i).text == 0);
+        EXPECT_EQ(ascii->At(i).xdata == 0, binary->At(i).xdata == 0);
+        GroupReader left = ascii->Groups(i), right = binary->Groups(i);
+        Group a, b;
+        while (left.Next(a)) {
+            if (a.code == 999) continue;  // binary files have no comments
+            ASSERT_TRUE(right.Next(b));
+            EXPECT_EQ(a.code, b.code);
+            if (KindOfCode(a.code) == ValueKind::Binary) continue;  // hexadecimal against bytes
+            EXPECT_EQ(a.AsInt(), b.AsInt()) << a.code;
+            EXPECT_EQ(a.AsDouble(), b.AsDouble()) << a.code;
+        }
+        EXPECT_FALSE(right.Next(b));
+    }
+}
+
+TEST(RoundTrip, OldMacintoshLinesAreIndexedAndKept) {
+    const auto store = Store::Read((FixtureFolder() / "ascii_r12_cr.dxf").string());
+    const RecordIndex text = Find(*store, "TEXT");
+    EXPECT_EQ(store->At(text).handle, 0x23u);
+    EXPECT_EQ(store->LineOf(text), 133u);
+    store->InsertAfter(text, store->NewWriter(text).String(0, "POINT").Handle(5, 0x24).Take());
+    EXPECT_EQ(store->ToBytes().find('\n'), std::string::npos);
+    EXPECT_EQ(Store::Parse(store->ToBytes())->Count(), store->Count());
+}
+
+}  // namespace
