@@ -1,0 +1,71 @@
+// DictionaryCache: the entries of dictionaries, read once and written back late.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/drawing/Groups.h"
+
+// The entries of one dictionary record. Changes stand here until they are flushed into the record.
+class DictionaryEntries {
+  public:
+    struct Entry {
+        std::u16string name;
+        uint64_t handle;
+        int place;  // which pair of the record it is; -1 for one that the record does not show yet
+        bool changed = false;
+        bool removed = false;
+    };
+
+    DictionaryEntries(dxf::Store& store, dxf::RecordIndex record);
+
+    const Entry* find(std::u16string_view name) const;  // without regard to case; null for none
+    const Entry* findHandle(uint64_t handle) const;     // looks at every entry
+    // Those that find can give, in the order of their coming or by key without regard to case.
+    std::vector<const Entry*> standing(bool sorted) const;
+    size_t pairs() const { return entries.size(); }
+    size_t count() const { return byName.size(); }
+    bool hardOwner() const { return hard; }
+    bool isDirty() const { return dirty; }
+
+    void set(std::u16string_view name, uint64_t handle);  // a known name keeps its spelling
+    void remove(std::u16string_view name);
+    void flush();  // rewrites the entries in the record that have changed, and no others
+
+  private:
+    void read();
+    std::string pair(const Entry& entry) const;
+    void settle();
+
+    dxf::Store& store;
+    dxf::RecordIndex record;
+    std::vector<Entry> entries;
+    std::unordered_map<std::u16string, uint32_t> byName;  // folded; removed ones are not in it
+    bool duplicates = false;                              // the file has two pairs of one name
+    bool hard = false;
+    bool dirty = false;
+};
+
+// The groups of a new dictionary behind its owner.
+void WriteNewDictionary(const dxf::Store& store, dxf::GroupWriter& writer);
+
+class DictionaryCache {
+  public:
+    explicit DictionaryCache(dxf::Store& store) : store(store) {}
+
+    DictionaryEntries& entries(dxf::RecordIndex record);
+    void flush(dxf::RecordIndex record);  // before anybody reads the record's bytes
+    void flushAll();
+    void forget(dxf::RecordIndex record);  // its bytes are others now
+    // A view on the dictionary has ended: small ones are written and dropped, big ones are kept.
+    void leave(dxf::RecordIndex record);
+
+  private:
+    static constexpr size_t kSmall = 64;
+
+    dxf::Store& store;
+    std::unordered_map<dxf::RecordIndex, std::unique_ptr<DictionaryEntries>> cache;
+};

@@ -1,0 +1,114 @@
+// Records that are added to a drawing: objects, the sections and tables they need, applications.
+#include "platform/drawing/NewObjects.h"
+
+#include "platform/drawing/DbSymbolTable.h"
+#include "platform/drawing/Groups.h"
+#include "platform/text/Conversion.h"
+
+using dxf::kNoRecord;
+using dxf::RecordIndex;
+
+namespace {
+
+bool stands(const dxf::Store& store, RecordIndex index) {
+    return index != kNoRecord && !(store.At(index).flags & dxf::kErased);
+}
+
+}  // namespace
+
+uint64_t OdDbDatabaseImpl::newHandle() {
+    uint64_t handle;
+    do {
+        handle = store.NewHandle();
+    } while (store.FindHandle(handle) != kNoRecord || virtualHandles.contains(handle));
+    return handle;
+}
+
+// The record that new objects go behind.
+RecordIndex OdDbDatabaseImpl::lastObject() {
+    if (!stands(store, structure.objectsEnd)) structure.objectsEnd = makeObjectsSection();
+    return store.Previous(structure.objectsEnd);
+}
+
+RecordIndex OdDbDatabaseImpl::makeObjectsSection() {
+    RecordIndex before = structure.entitiesEnd;
+    if (!stands(store, before)) before = structure.lastSectionEnd;
+    if (!stands(store, before)) {
+        throw OdError(eNotApplicable,
+                      u"the drawing has no complete section that a new one could follow");
+    }
+    dxf::GroupWriter writer = store.NewWriter(before);
+    const RecordIndex section =
+        store.InsertAfter(before, writer.String(0, "SECTION").String(2, "OBJECTS").Take());
+    return store.InsertAfter(section, store.NewWriter(section).String(0, "ENDSEC").Take());
+}
+
+RecordIndex OdDbDatabaseImpl::rootDictionaryForWrite() {
+    checkEditable();
+    if (!owner.hasDictionaries()) throw OdError(eNoDictionaries);
+    const RecordIndex present = recordOf(rootDictionary);
+    if (present != kNoRecord) return present;
+    const RecordIndex root = addObject(
+        "DICTIONARY", 0, [this](dxf::GroupWriter& writer) { WriteNewDictionary(store, writer); });
+    virtuals[rootDictionary - kFirstVirtual].written = root;
+    return root;
+}
+
+bool OdDbDatabaseImpl::newRegApp(const OdString& application) {
+    std::u16string folded = text::FoldCase(application.text());
+    if (knownApplications.contains(folded)) return false;
+    const OdDbSymbolTablePtr table = open(regAppTable, OdDb::kForRead);
+    if (table->has(application)) {
+        knownApplications.insert(std::move(folded));
+        return false;
+    }
+    checkEditable();
+    const RecordIndex last = lastRegApp();
+    const bool withHandles = store.FileVersion() >= dxf::Version::R13;
+    dxf::GroupWriter writer = store.NewWriter(last);
+    writer.String(0, "APPID");
+    if (withHandles) {
+        writer.Handle(5, newHandle()).Handle(330, handleOf(regAppTable));
+        writer.String(100, "AcDbSymbolTableRecord").String(100, "AcDbRegAppTableRecord");
+    }
+    writer.String(2, store.Codec().Encode(application.text())).Int(70, 0);
+    const RecordIndex added = store.InsertAfter(last, writer.Take());
+    if (!withHandles) store.AssignMemoryHandle(added, nextMemoryHandle());
+    knownApplications.insert(std::move(folded));
+    return true;
+}
+
+RecordIndex OdDbDatabaseImpl::lastRegApp() {
+    auto& table = structure.applications;
+    if (!stands(store, table.end)) table.end = makeRegAppTable();
+    return store.Previous(table.end);
+}
+
+// In the TABLES section, or in one made for it.
+RecordIndex OdDbDatabaseImpl::makeRegAppTable() {
+    RecordIndex before = stands(store, structure.tablesEnd) ? store.Previous(structure.tablesEnd)
+                                                            : structure.lastSectionEnd;
+    if (!stands(store, before)) {
+        throw OdError(eNotApplicable,
+                      u"the drawing has no complete section that its tables could follow");
+    }
+    const bool ownSection = before == structure.lastSectionEnd;
+    if (ownSection) {
+        dxf::GroupWriter section = store.NewWriter(before);
+        before = store.InsertAfter(before, section.String(0, "SECTION").String(2, "TABLES").Take());
+    }
+    const bool withHandles = store.FileVersion() >= dxf::Version::R13;
+    dxf::GroupWriter writer = store.NewWriter(before);
+    writer.String(0, "TABLE").String(2, "APPID");
+    if (withHandles) {
+        writer.Handle(5, newHandle()).Handle(330, 0).String(100, "AcDbSymbolTable");
+    }
+    structure.applications.table = store.InsertAfter(before, writer.Int(70, 1).Take());
+    if (virtualObject(regAppTable)) {
+        virtuals[regAppTable - kFirstVirtual].written = structure.applications.table;
+    }
+    const RecordIndex end = store.InsertAfter(structure.applications.table,
+                                              store.NewWriter(before).String(0, "ENDTAB").Take());
+    if (ownSection) store.InsertAfter(end, store.NewWriter(before).String(0, "ENDSEC").Take());
+    return end;
+}

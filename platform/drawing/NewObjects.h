@@ -1,0 +1,14 @@
+// Records that are added to a drawing.
+#pragma once
+
+#include "platform/drawing/DatabaseImpl.h"
+
+template <class Body>
+dxf::RecordIndex OdDbDatabaseImpl::addObject(std::string_view type, uint64_t ownerHandle,
+                                             const Body& body) {
+    const dxf::RecordIndex last = lastObject();
+    dxf::GroupWriter writer = store.NewWriter(last);
+    writer.String(0, type).Handle(5, newHandle()).Handle(330, ownerHandle);
+    body(writer);
+    return store.InsertAfter(last, writer.Take());
+}

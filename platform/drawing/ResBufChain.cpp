@@ -1,0 +1,122 @@
+// Chains of entries read from records and written as groups.
+#include "platform/drawing/ResBufChain.h"
+
+#include "platform/drawing/Groups.h"
+#include "platform/drawing/OdError.h"
+
+namespace {
+
+// The first codes of points: x stands there, y 10 and z 20 above.
+bool isPoint(int code) {
+    return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || code == 210 ||
+           (code >= 1010 && code <= 1013);
+}
+
+bool isHandle(int code) {
+    return code == 5 || code == 105 || (code >= 320 && code <= 369) || code == 1005;
+}
+
+}  // namespace
+
+OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, uint32_t from,
+                               uint32_t to) {
+    if (from >= to) return OdResBufPtr();
+    const std::string_view bytes = store.Bytes(index).substr(from, to - from);
+    auto source = std::make_shared<OdResBuf::Source>(
+        OdResBuf::Source{std::string(bytes), store.Codec(), &store});
+    OdResBufPtr first;
+    OdResBuf* last = nullptr;
+    auto reader = store.Groups(index, from);
+    dxf::Group group;
+    while (reader.Next(group) && group.begin < to) {
+        const bool coordinate = last && isPoint(last->type) &&
+                                (group.code == last->type + 10 || group.code == last->type + 20);
+        if (coordinate) {
+            auto& point = std::get<OdGePoint3d>(last->value);
+            (group.code == last->type + 10 ? point.y : point.z) = group.AsDouble();
+        }
+        if (last) last->end = static_cast<uint32_t>(coordinate ? group.end : group.begin) - from;
+        if (coordinate || group.code == 999) continue;
+
+        OdResBufPtr entry(new OdResBuf(group.code));
+        entry->group = group;
+        entry->group.value = std::string_view(source->bytes)
+                                 .substr(group.value.data() - bytes.data(), group.value.size());
+        entry->group.begin -= from;
+        entry->source = source;
+        if (isPoint(group.code)) entry->value = OdGePoint3d{group.AsDouble(), 0, 0};
+        if (last) {
+            last->following = entry;
+        } else {
+            first = entry;
+        }
+        last = entry;
+    }
+    if (last) last->end = to - from;
+    return first;
+}
+
+ResBufWriter::ResBufWriter(const dxf::Store& store, dxf::RecordIndex neighbour, uint64_t handle,
+                           size_t stringLimit, OdString what)
+    : store(store),
+      writer(store.NewWriter(neighbour)),
+      handle(handle),
+      stringLimit(stringLimit),
+      what(std::move(what)) {}
+
+void ResBufWriter::Write(const OdResBuf& entry) {
+    const bool unchanged = entry.source && entry.source->store == &store;
+    if (unchanged) {
+        writer.Raw(entry.sourceBytes());
+    } else {
+        WriteValue(entry);
+    }
+}
+
+void ResBufWriter::WriteValue(const OdResBuf& entry) {
+    if (isPoint(entry.type)) return WritePoint(entry);
+    const bool number = entry.source || std::holds_alternative<int64_t>(entry.value) ||
+                        std::holds_alternative<double>(entry.value);
+    switch (dxf::KindOfCode(entry.type)) {
+        case dxf::ValueKind::String:
+            return WriteString(entry);
+        case dxf::ValueKind::Double:
+            if (!number) Refuse(entry);
+            writer.Double(entry.type, entry.getDouble());
+            return;
+        case dxf::ValueKind::Binary:
+            if (!entry.source && !std::holds_alternative<std::string>(entry.value)) Refuse(entry);
+            writer.Chunk(entry.type, entry.getBinaryChunk());
+            return;
+        default:
+            if (!entry.source && !std::holds_alternative<int64_t>(entry.value)) Refuse(entry);
+            writer.Int(entry.type, entry.getInt64());
+    }
+}
+
+void ResBufWriter::WriteString(const OdResBuf& entry) {
+    const bool text = entry.source || std::holds_alternative<OdString>(entry.value) ||
+                      std::holds_alternative<OdDbHandle>(entry.value);
+    if (!text) Refuse(entry);
+    if (isHandle(entry.type)) {
+        writer.Handle(entry.type, entry.getHandle());
+        return;
+    }
+    const std::string encoded = store.Codec().Encode(entry.getString().text());
+    groups::CheckLength(what, handle, encoded.size(), stringLimit);
+    writer.String(entry.type, encoded);
+}
+
+void ResBufWriter::WritePoint(const OdResBuf& entry) {
+    if (!std::holds_alternative<OdGePoint3d>(entry.value)) Refuse(entry);
+    const OdGePoint3d point = entry.getPoint3d();
+    writer.Double(entry.type, point.x).Double(entry.type + 10, point.y);
+    writer.Double(entry.type + 20, point.z);
+}
+
+void ResBufWriter::Refuse(const OdResBuf& entry) const {
+    throw OdError(eInvalidResBuf, OdString(u"object ") + OdDbHandle(handle).ascii() +
+                                      u": an entry of type " +
+                                      OdString(std::to_string(entry.type).c_str()) +
+                                      u" does not take the value it was given");
+}

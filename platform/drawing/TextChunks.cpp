@@ -1,0 +1,95 @@
+// Long texts in records.
+#include "platform/drawing/TextChunks.h"
+
+#include "platform/drawing/Groups.h"
+
+namespace {
+
+constexpr size_t kChunk = 250;
+
+bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+// How many units at the start of the text stay together: a surrogate pair, \U+XXXX, \M+nXXXX, or a
+// backslash with what it escapes.
+size_t unitLength(std::u16string_view text) {
+    if (isHighSurrogate(text[0]) && text.size() > 1 && isLowSurrogate(text[1])) return 2;
+    if (text[0] != u'\\') return 1;
+    const size_t wanted = text.starts_with(u"\\U+") ? 7 : text.starts_with(u"\\M+") ? 8 : 2;
+    const size_t length = std::min(wanted, text.size());
+    const bool cutsPair = length < text.size() && isHighSurrogate(text[length - 1]);
+    return cutsPair ? length + 1 : length;
+}
+
+// The first string group behind the mark of its subclass.
+std::optional<dxf::Group> markOf(const dxf::Store& store, dxf::RecordIndex index) {
+    auto reader = store.Groups(index);
+    dxf::Group group;
+    bool inside = false;
+    while (reader.Next(group) && group.code < 1000) {
+        if (group.code == 100) {
+            inside = true;
+        } else if (inside && group.code != 280 && group.code != 999) {
+            return group.code == 1 ? std::optional(group) : std::nullopt;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::vector<std::string> ChunksOf(const dxf::TextCodec& codec, std::u16string_view text) {
+    std::vector<std::string> chunks{codec.Encode(text)};
+    if (chunks[0].size() <= kChunk) return chunks;
+    chunks = {std::string()};
+    while (!text.empty()) {
+        const size_t length = unitLength(text);
+        const std::string unit = codec.Encode(text.substr(0, length));
+        if (chunks.back().size() + unit.size() > kChunk) chunks.emplace_back();
+        chunks.back() += unit;
+        text.remove_prefix(length);
+    }
+    return chunks;
+}
+
+void WriteChunks(dxf::GroupWriter& writer, const std::vector<std::string>& chunks) {
+    for (size_t i = 0; i + 1 < chunks.size(); ++i) writer.String(3, chunks[i]);
+    writer.String(1, chunks.back());
+}
+
+ChunkRun ReadChunks(const dxf::Store& store, dxf::RecordIndex index, uint32_t from, uint32_t to) {
+    ChunkRun run;
+    std::string raw;
+    auto reader = store.Groups(index, from);
+    dxf::Group group;
+    while (reader.Next(group) && group.begin < to) {
+        if (group.code != 1 && group.code != 3) continue;
+        run.places.push_back(
+            {static_cast<uint32_t>(group.begin), static_cast<uint32_t>(group.end)});
+        raw += group.value;
+    }
+    run.text = store.Codec().Decode(raw);
+    return run;
+}
+
+std::vector<groups::Edit> ChunkEdits(const dxf::Store& store, dxf::RecordIndex index,
+                                     const ChunkRun& run, std::u16string_view text) {
+    dxf::GroupWriter writer = store.NewWriter(index);
+    WriteChunks(writer, ChunksOf(store.Codec(), text));
+    std::vector<groups::Edit> edits;
+    for (const auto& [begin, end] : run.places) edits.push_back({begin, end, {}});
+    if (!edits.empty()) edits[0].bytes = writer.Take();
+    return edits;
+}
+
+bool IsStringXrecord(const dxf::Store& store, dxf::RecordIndex index) {
+    const auto mark = markOf(store, index);
+    return mark && mark->value == kStringMark;
+}
+
+ChunkRun ReadStringXrecord(const dxf::Store& store, dxf::RecordIndex index) {
+    const auto mark = markOf(store, index);
+    if (!mark || mark->value != kStringMark) return {};
+    const uint32_t end = groups::LayoutOf(store, index).ownEnd;
+    return ReadChunks(store, index, static_cast<uint32_t>(mark->end), end);
+}
