@@ -1,0 +1,127 @@
+// The rules of the merge: the first column decides which term a row belongs to.
+#include "host/DictionaryImport.h"
+
+#include <QVariant>
+#include <algorithm>
+
+#include "host/Error.h"
+#include "host/Schema.h"
+
+namespace host {
+
+namespace {
+
+QString NamesOf(const std::vector<Language>& languages) {
+    QStringList names;
+    for (const Language& language : languages) names << language.description;
+    return names.join(QLatin1String(", "));
+}
+
+int PlaceOf(const std::vector<Language>& languages, const QString& nameOrKey) {
+    const QString wanted = nameOrKey.trimmed();
+    for (size_t i = 0; i < languages.size(); ++i) {
+        const bool named = languages[i].description.compare(wanted, Qt::CaseInsensitive) == 0;
+        if (named || languages[i].key == wanted) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+}  // namespace
+
+DictionaryImport::DictionaryImport(SqlConnection& connection, const QString& url,
+                                   const Terms& terms, const QStringList& header)
+    : connection(connection), url(url), insert(connection.Handle()), update(connection.Handle()) {
+    FindColumns(terms.languages, header);
+    PrepareStatements();
+    for (const Terms::Term& term : terms.terms) {
+        QStringList texts;
+        for (int place : places) texts << term.texts[place];
+        // Of several terms with one source the first is the one that translations use.
+        if (!texts[0].isEmpty() && !bySource.contains(texts[0])) {
+            bySource.insert(texts[0], {term.key, texts, 0});
+        }
+    }
+}
+
+void DictionaryImport::FindColumns(const std::vector<Language>& languages,
+                                   const QStringList& header) {
+    for (const QString& name : header) {
+        const int place = PlaceOf(languages, name);
+        if (place < 0) {
+            throw Error(
+                QStringLiteral("database %1: there is no language \"%2\" (there are: %3); add "
+                               "it with kelvara db add-language")
+                    .arg(url, name, NamesOf(languages)));
+        }
+        if (std::find(places.begin(), places.end(), place) != places.end()) {
+            throw Error(
+                QStringLiteral("import into %1: the language \"%2\" has two columns; keep one")
+                    .arg(url, name));
+        }
+        const QString column = LanguageColumn(languages[place].key.toInt());
+        places.push_back(place);
+        columns << column;
+        lengths.push_back(DeclaredColumnSize(connection.Handle(), "BDTRANSLATOR", column));
+    }
+    if (places.empty()) {
+        throw Error(QStringLiteral("import into %1: the file has no header of languages").arg(url));
+    }
+}
+
+void DictionaryImport::PrepareStatements() {
+    QStringList markers;
+    for (qsizetype i = 0; i < columns.size(); ++i) markers << QStringLiteral("?");
+    insert.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR (%1) VALUES (%2)")
+                       .arg(columns.join(u','), markers.join(u',')));
+    update.prepare(QStringLiteral("UPDATE BDTRANSLATOR SET %1 = ? WHERE TRANS_KEY = ?")
+                       .arg(columns.join(QLatin1String(" = ?, "))));
+}
+
+void DictionaryImport::Take(const QStringList& given) {
+    ++row;
+    QStringList texts = given.mid(0, columns.size());
+    while (texts.size() < columns.size()) texts << QString();
+    if (texts[0].isEmpty()) {
+        report.empty.push_back(row);
+    } else if (TooLong(texts)) {
+        report.tooLong.push_back(row);
+    } else if (const auto known = bySource.find(texts[0]); known != bySource.end()) {
+        Merge(*known, texts);
+    } else {
+        Insert(texts);
+    }
+}
+
+bool DictionaryImport::TooLong(const QStringList& texts) const {
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+        if (lengths[i] > 0 && texts[i].size() > lengths[i]) return true;
+    }
+    return false;
+}
+
+void DictionaryImport::Insert(const QStringList& texts) {
+    // An empty text is bound as such: a null string would become NULL.
+    for (const QString& text : texts) insert.addBindValue(text.isNull() ? QString("") : text);
+    connection.Run(insert);
+    bySource.insert(texts[0], {insert.lastInsertId().toInt(), texts, row});
+    ++report.added;
+}
+
+void DictionaryImport::Merge(Known& known, const QStringList& texts) {
+    if (known.row > 0) report.doubled.push_back(row);
+    QStringList merged = known.texts;
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+        if (!texts[i].isEmpty()) merged[i] = texts[i];
+    }
+    const bool changed = merged != known.texts;
+    const bool ofDictionary = known.row == 0;
+    known.row = row;
+    if (ofDictionary) ++(changed ? report.changed : report.unchanged);
+    if (!changed) return;
+    known.texts = merged;
+    for (const QString& text : merged) update.addBindValue(text.isNull() ? QString("") : text);
+    update.addBindValue(known.key);
+    connection.Run(update);
+}
+
+}  // namespace host

@@ -1,0 +1,44 @@
+// The settings of the host: a small store of keys and values in an ini file of the user.
+#pragma once
+
+#include <QSettings>
+#include <QString>
+#include <QStringList>
+#include <cstdint>
+#include <optional>
+
+namespace host {
+
+// Setters write through to the file and throw host::Error when it cannot be written.
+class Settings {
+  public:
+    explicit Settings(const QString& fileName);
+    static QString DefaultFileName();  // in the user's folder for configuration
+
+    int32_t LanguageIndex() const;         // of the interface, 0 to 24; 0 (English) until it is set
+    void SetLanguageIndex(int32_t index);  // throws host::Error for a number out of range
+
+    int CodePage() const;  // of the exchange files; 1252 until it is set
+    void SetCodePage(int number);
+
+    QString NetworkFolder() const;  // "*DIRETORIO_REDE*" of the interpreters
+    void SetNetworkFolder(const QString& folder);
+
+    QStringList DwgConverter() const;  // program and arguments, {in} and {out} among them
+    void SetDwgConverter(const QStringList& arguments);
+
+    // As ParseDatabaseUrl takes it: the one that is set, else a file in the user's folder for data.
+    QString DatabaseUrl() const;
+    void SetDatabaseUrl(const QString& url);
+
+    // The language of a project whose drawing is too old to hold one, by the drawing's file.
+    std::optional<int32_t> ProjectLanguage(const QString& drawing) const;
+    void SetProjectLanguage(const QString& drawing, int32_t language);
+
+  private:
+    void Set(const QString& key, const QVariant& value);
+
+    QSettings store;
+};
+
+}  // namespace host

@@ -1,0 +1,39 @@
+// A thread that runs work in the order submitted and tells when it has fallen idle.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace host {
+
+// Work must not throw. onIdle runs on the same thread, once after each burst: when nothing has come
+// for idleAfter, and at the end.
+class WorkQueue {
+  public:
+    using Work = std::function<void()>;
+
+    WorkQueue(Work onIdle, std::chrono::milliseconds idleAfter);
+    ~WorkQueue();  // runs everything that has been submitted first
+    void Submit(Work work);
+    void RunAndWait(const Work& work);  // in its turn; not from the thread itself
+
+  private:
+    void Loop();
+    // The next piece of work; an empty one when the queue has fallen idle or is to end.
+    Work Next(bool& ending);
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::deque<Work> queue;
+    Work onIdle;
+    std::chrono::milliseconds idleAfter;
+    bool ending = false;
+    bool burst = false;  // something ran since onIdle; used by the thread alone
+    std::thread thread;  // last: it uses all of the others
+};
+
+}  // namespace host

@@ -1,0 +1,84 @@
+// What the tests of the host share: a folder of their own, queries from text, small drawings.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QString>
+#include <QTemporaryDir>
+#include <QVariantList>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/drawing/DbDatabase.h"
+#include "platform/kernel/KVQuery.h"
+
+// A folder that other users can reach too (see OrdinaryUser), removed at the end.
+class Folder {
+  public:
+    Folder();
+    QString File(const QString& name) const { return folder.filePath(name); }
+    QString Database() const { return "sqlite:" + File("dictionary.sqlite"); }
+
+  private:
+    QTemporaryDir folder;
+};
+
+// Tests may run as root, whom no permission stops: while this lives they do not.
+class OrdinaryUser {
+  public:
+    OrdinaryUser();
+    ~OrdinaryUser();
+
+  private:
+    unsigned before;
+};
+
+// Permissions of a file or folder, given back at the end.
+class ReadOnly {
+  public:
+    explicit ReadOnly(const QString& path);
+    ~ReadOnly();
+
+  private:
+    std::string path;
+    unsigned before;
+};
+
+class TextQuery : public CKVQuery {
+  public:
+    TextQuery(const QString& statement, QVariantList values = {})
+        : statement(statement), values(std::move(values)) {}
+    bool IsReadOnly() const override { return statement.startsWith("select", Qt::CaseInsensitive); }
+    std::string GetCacheKey() const override { return {}; }
+    bool IsDatabaseQuery() const override { return true; }
+    QSqlQuery Prepare(QSqlDatabase database) const override;
+
+  private:
+    QString statement;
+    QVariantList values;
+};
+std::shared_ptr<CKVQuery> Query(const QString& statement, QVariantList values = {});
+
+// The message of the host::Error that the work throws; empty when it throws none.
+template <class Work>
+std::string ErrorOf(Work work);
+
+std::string SmallDrawing(
+    const std::string& version = "AC1015");  // one TEXT, handle A1, layer PAG01
+std::string SmallDrawingR12();               // the same without handles
+OdDbDatabasePtr Parsed(const std::string& bytes);
+void WriteFile(const QString& path, const std::string& bytes);
+std::string ReadFile(const QString& path);
+
+#include "host/Error.h"
+
+template <class Work>
+std::string ErrorOf(Work work) {
+    try {
+        work();
+    } catch (const host::Error& error) {
+        return error.what();
+    }
+    return {};
+}
