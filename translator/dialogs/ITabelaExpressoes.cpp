@@ -1,0 +1,140 @@
+// Grouping of objects into lines, and matching of lines with the dictionary in memory. Both are
+// indexed by the text, so that they grow with the objects and terms and not with their product.
+#include "translator/dialogs/ITabelaExpressoes.h"
+
+#include <algorithm>
+#include <numeric>
+#include <span>
+
+#include "translator/dialogs/IndiceTextos.h"
+
+namespace traducaoTQ {
+
+namespace {
+
+using structTermo = IBDIdiomas::structTermo;
+
+std::optional<size_t> PosicaoDe(const std::vector<TQString>& nomes, const TQString& nome) {
+    const auto achado = std::find(nomes.begin(), nomes.end(), nome);
+    if (achado == nomes.end()) return std::nullopt;
+    return static_cast<size_t>(achado - nomes.begin());
+}
+
+// The term of each line: the first one that has the line's text in that column, or null.
+std::vector<structTermo*> TermosDasLinhas(const ITabelaExpressoes::ListaExpressoes& linhas,
+                                          std::vector<structTermo>& termos, size_t coluna) {
+    IndiceTextos::Vistas textos;
+    textos.reserve(termos.size());
+    for (const structTermo& termo : termos) textos.emplace_back(termo.translations.at(coluna));
+    std::vector<uint32_t> numeros;
+    const IndiceTextos indice(textos, numeros);
+    std::vector<structTermo*> primeiros;
+    for (size_t i = 0; i < numeros.size(); ++i) {
+        if (numeros[i] == primeiros.size()) primeiros.push_back(&termos[i]);
+    }
+    IndiceTextos::Vistas originais;
+    originais.reserve(linhas.size());
+    for (const auto& linha : linhas) originais.emplace_back(linha->original);
+    std::vector<structTermo*> achados;
+    achados.reserve(linhas.size());
+    for (uint32_t numero : indice.Procurar(originais)) {
+        achados.push_back(numero == IndiceTextos::kNenhum ? nullptr : primeiros[numero]);
+    }
+    return achados;
+}
+
+// The objects of each line side by side, in scan order.
+class ObjetosPorLinha {
+  public:
+    ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos, const std::vector<uint32_t>& linhas,
+                    size_t quantidade)
+        : fins(quantidade), ordenados(objetos.size()) {
+        for (uint32_t linha : linhas) ++fins[linha];
+        std::exclusive_scan(fins.begin(), fins.end(), fins.begin(), size_t{0});
+        for (size_t i = 0; i < objetos.size(); ++i) ordenados[fins[linhas[i]]++] = objetos[i];
+    }
+    std::span<ETraduzivel* const> Da(size_t linha) const {
+        const size_t inicio = linha == 0 ? 0 : fins[linha - 1];
+        return std::span(ordenados).subspan(inicio, fins[linha] - inicio);
+    }
+
+  private:
+    std::vector<size_t> fins;  // one past the last object of each line
+    std::vector<ETraduzivel*> ordenados;
+};
+
+bool EstaFeitaPeloUsuario(const structExpressao& linha) {
+    return linha.estado == Manual || linha.estado == Importado;
+}
+
+void Limpar(structExpressao& linha) {
+    linha.traducao.clear();
+    linha.estado = NaoTraduzido;
+}
+
+}  // namespace
+
+void ITabelaExpressoes::AgruparExpressoes(const std::vector<ETraduzivel*>& objetos) {
+    IndiceTextos::Vistas textos;
+    textos.reserve(objetos.size());
+    for (const ETraduzivel* objeto : objetos) textos.push_back(*objeto->GetTexto());
+    std::vector<uint32_t> linhaDoObjeto;
+    const IndiceTextos indice(textos, linhaDoObjeto);
+    expressoes = std::make_unique<ListaExpressoes>();
+    expressoes->reserve(indice.Quantidade());
+    const ObjetosPorLinha grupos(objetos, linhaDoObjeto, indice.Quantidade());
+    for (size_t i = 0; i < indice.Quantidade(); ++i) {
+        const auto grupo = grupos.Da(i);
+        structExpressao& linha = *expressoes->emplace_back(std::make_unique<structExpressao>());
+        linha.original = *grupo.front()->GetTexto();
+        linha.objetos.assign(grupo.begin(), grupo.end());
+    }
+}
+
+const TQString& ITabelaExpressoes::RotuloDe(uint32_t estado) const {
+    switch (estado) {
+        case Automatica:
+            return rotuloAutomatica;
+        case Manual:
+            return rotuloManual;
+        case Importado:
+            return rotuloImportado;
+        default:
+            return rotuloNaoTraduzido;
+    }
+}
+
+void ITabelaExpressoes::ReporEstados() {
+    for (const auto& linha : *expressoes) {
+        if (linha->estado == 0 || linha->estado == NaoTraduzido) Limpar(*linha);
+        linha->rotuloEstado = RotuloDe(linha->estado);
+    }
+}
+
+void ITabelaExpressoes::AtualizarExpressoes(const std::optional<TQString>& idiomaOrigem,
+                                            const std::optional<TQString>& idiomaDestino) {
+    if (expressoes) ReporEstados();
+    if (!idiomaOrigem || !idiomaDestino || !expressoes || !traducoes) return;
+    const auto colunaOrigem = PosicaoDe(traducoes->languages, *idiomaOrigem);
+    const auto colunaDestino = PosicaoDe(traducoes->languages, *idiomaDestino);
+    if (!colunaOrigem || !colunaDestino) return;
+    Traduzir(*colunaOrigem, *colunaDestino);
+}
+
+void ITabelaExpressoes::Traduzir(size_t colunaOrigem, size_t colunaDestino) {
+    const auto termos = TermosDasLinhas(*expressoes, traducoes->terms, colunaOrigem);
+    for (size_t i = 0; i < termos.size(); ++i) {
+        structExpressao& linha = *(*expressoes)[i];
+        if (EstaFeitaPeloUsuario(linha)) continue;
+        Limpar(linha);
+        // An empty text of the first equal term ends the search: later terms do not count.
+        if (termos[i] && !termos[i]->translations.at(colunaDestino).empty()) {
+            linha.traducao = termos[i]->translations[colunaDestino];
+            linha.estado = Automatica;
+            linha.termo = termos[i];
+        }
+        linha.rotuloEstado = RotuloDe(linha.estado);
+    }
+}
+
+}  // namespace traducaoTQ

@@ -1,0 +1,113 @@
+// The scan: choice of the pages, order of the collectors, filter.
+#include "translator/engine/ITradCad.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/drawing/DbBlockReference.h"
+#include "platform/kernel/MxSystemServices.h"
+#include "translator/cad/CICad.h"
+#include "translator/cad/DrawingHelpers.h"
+
+namespace traducaoTQ {
+
+namespace {
+
+constexpr char16_t ESCOLHA_DE_PAGINAS[] = u"(setq pblTmpSelPags (tq_seleciona_paginas))";
+constexpr char16_t PAGINAS_ESCOLHIDAS[] = u"pblTmpSelPags";
+constexpr char16_t SEPARADOR_CAMADA[] = u"$";
+constexpr char16_t BLOCO_FORMATO[] = u"FORMATO";
+constexpr char16_t BLOCO_SELO[] = u"SELO";
+constexpr char16_t BLOCO_DE[] = u"DE";
+
+// The layers of the blocks stand behind all pages, the last page's first.
+void AcrescentarCamadasDePagina(TQStringList& paginas) {
+    std::vector<TQString> camadas;
+    for (const TQString& nome : paginas) {
+        const TQString pagina = nome.Tokenize(SEPARADOR_CAMADA).Front();
+        for (const char16_t* bloco : {BLOCO_DE, BLOCO_SELO, BLOCO_FORMATO}) {
+            camadas.push_back(pagina + SEPARADOR_CAMADA + bloco);
+        }
+    }
+    std::copy(camadas.rbegin(), camadas.rend(), std::back_inserter(paginas));
+}
+
+TQStringList EscolherPaginas(bool todasCamadas, bool camadasDePagina) {
+    OdDbDatabase* desenho = CurrentDatabase();
+    if (!desenho) return {};
+    tq::CICad cad;
+    if (todasCamadas) return cad.GetLayers(desenho);
+    cad.ExecutaFuncaoCad(ESCOLHA_DE_PAGINAS);
+    TQStringList paginas = cad.GetVarLstStr(PAGINAS_ESCOLHIDAS, ACTIVE_DOCUMENT());
+    if (camadasDePagina) AcrescentarCamadasDePagina(paginas);
+    return paginas;
+}
+
+TQStringList SoPaginas(const TQStringList& nomes, bool incluirCamada0) {
+    TQStringList paginas;
+    for (const TQString& nome : nomes) {
+        if (nome.EqualsNoCase(u"tq_freeze") || (nome.EqualsNoCase(u"0") && !incluirCamada0)) {
+            continue;
+        }
+        paginas.push_back(nome);
+    }
+    return paginas;
+}
+
+bool TemTexto(const ETraduzivel* traduzivel) {
+    const TQString* texto = traduzivel->GetTexto();
+    return texto && !texto->empty() && *texto != u" ";
+}
+
+void DescartarSemTexto(ListaTraduziveis& lista) {
+    const auto semTexto = std::stable_partition(lista->begin(), lista->end(), TemTexto);
+    std::for_each(semTexto, lista->end(), std::default_delete<ETraduzivel>());
+    lista->erase(semTexto, lista->end());
+}
+
+}  // namespace
+
+ListaTraduziveis ITradCad::BuscarTraduziveis(bool atributos, bool textos, bool fios,
+                                             bool blocoTextos, bool defAtributos, bool todasCamadas,
+                                             bool camadasDePagina) {
+    const TQStringList paginas = SoPaginas(EscolherPaginas(todasCamadas, camadasDePagina), false);
+    ListaTraduziveis lista = NovaLista();
+    for (const OdDbObjectId& id : BuscarObjetosPaginas(paginas)) {
+        if (atributos && IsValidId(id)) JuntarA(lista, BuscarAtributos(id));
+        if (textos) JuntarA(lista, BuscarTextos(id));
+        if (defAtributos && IsValidId(id)) JuntarA(lista, BuscarDefAtributos(id));
+        if (blocoTextos) JuntarA(lista, BuscarBlocoTextos(id));
+    }
+    if (fios) JuntarA(lista, BuscarFiosPaginas(paginas));
+    // Virtual attributes belong to no page: they come whatever is asked for.
+    JuntarA(lista, BuscarAtributosVirtuais());
+    DescartarSemTexto(lista);
+    return lista;
+}
+
+void ITradCad::BuscarEmObjetoMisto(OdDbObjectId id, const Pedido& pedido, ListaTraduziveis& lista) {
+    const OdDbObjectPtr objeto = SafeOpen(id);
+    if (objeto.isNull()) return;
+    if (objeto->isKindOf(OdDbBlockReference::desc())) {
+        if (pedido.atributos) JuntarA(lista, BuscarAtributos(id));
+        if (pedido.textos) JuntarA(lista, BuscarBlocoTextos(id));
+    } else if (pedido.textos) {
+        JuntarA(lista, BuscarTextos(id));
+    }
+}
+
+ListaTraduziveis ITradCad::BuscarTraduziveisMistos(const Pedido& pedido) {
+    TQStringList nomes = pedido.paginas;
+    if (pedido.camadasDePagina) AcrescentarCamadasDePagina(nomes);
+    const TQStringList paginas = SoPaginas(nomes, pedido.incluirCamada0);
+    ListaTraduziveis lista = NovaLista();
+    for (const OdDbObjectId& id : BuscarObjetosPaginas(paginas)) {
+        BuscarEmObjetoMisto(id, pedido, lista);
+    }
+    if (pedido.atributos) JuntarA(lista, BuscarFiosPaginas(paginas));
+    JuntarA(lista, BuscarAtributosVirtuais());
+    DescartarSemTexto(lista);
+    return lista;
+}
+
+}  // namespace traducaoTQ

@@ -1,0 +1,160 @@
+// The terms: rows of BDTRANSLATOR, one column per language.
+//
+// Reading and updating name a language's column by its key, inserting counts the columns by
+// position. Both are meant, and the same as long as the keys are 1 to n.
+#include <QStringList>
+
+#include "translator/langdb/Banco.h"
+#include "translator/langdb/IBDIdiomas.h"
+
+namespace traducaoTQ {
+
+namespace {
+
+using structIdioma = IBDIdiomas::structIdioma;
+
+bool EstaEmUso(const structIdioma& idioma) { return idioma.use == u"1"; }
+
+}  // namespace
+
+std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
+    class CQueryGetTerms : public ConsultaLeitura {
+      public:
+        std::vector<structIdioma> idiomas;
+
+        // The same whatever languages are in use, although the result is not.
+        std::string GetCacheKey() const override { return "{CQueryGetTerms}"; }
+        QSqlQuery Prepare(QSqlDatabase banco) const override {
+            QStringList colunas;
+            for (const structIdioma& idioma : idiomas) {
+                if (EstaEmUso(idioma)) {
+                    colunas << QStringLiteral("LANGUAGE%1").arg(QString(idioma.key));
+                }
+            }
+            QSqlQuery consulta(banco);
+            consulta.prepare(
+                QStringLiteral("select TRANS_KEY , %1  from BDTRANSLATOR order by TRANS_KEY")
+                    .arg(colunas.join(",")));
+            return consulta;
+        }
+    };
+
+    auto consulta = std::make_shared<CQueryGetTerms>();
+    consulta->idiomas = GetAllLang();
+    CKVQueryResponse resposta = BancoDeDados()->ExecuteSync(consulta);
+    auto& linhas = resposta.getResult();
+    if (resposta.failed() || linhas.empty()) return nullptr;
+
+    auto traducoes = std::make_unique<structTraducoes>();
+    for (const structIdioma& idioma : consulta->idiomas) {
+        if (EstaEmUso(idioma)) traducoes->languages.push_back(idioma.descr);
+    }
+    traducoes->terms.reserve(linhas.size());
+    for (const auto& linha : linhas) {
+        structTermo& termo = traducoes->terms.emplace_back();
+        termo.key = linha[0].toInt();
+        termo.translations.reserve(linha.size() - 1);
+        for (size_t i = 1; i < linha.size(); ++i) {
+            termo.translations.emplace_back(linha[i].toString());
+        }
+    }
+    return traducoes;
+}
+
+void IBDIdiomas::UpdateTerm(structTermo& termo) {
+    class CQueryUpdateTerm : public ConsultaEscrita {
+      public:
+        int chave = 0;
+        std::vector<TQString> traducoes;
+        std::vector<structIdioma> idiomas;
+
+        QSqlQuery Prepare(QSqlDatabase banco) const override {
+            QString texto = "update BDTRANSLATOR SET ";
+            std::vector<QString> valores;
+            for (const structIdioma& idioma : idiomas) {
+                if (!idioma.use.EqualsNoCase(u"1")) continue;
+                if (!valores.empty()) texto += " , ";
+                texto += " LANGUAGE" + QString(idioma.key) + " = ? ";
+                valores.push_back(traducoes[valores.size()]);
+            }
+            texto += " where TRANS_KEY = ?";
+            QSqlQuery consulta(banco);
+            consulta.prepare(texto);
+            for (const QString& valor : valores) consulta.addBindValue(valor);
+            consulta.addBindValue(chave);
+            return consulta;
+        }
+    };
+
+    auto consulta = std::make_shared<CQueryUpdateTerm>();
+    consulta->idiomas = GetAllLang();
+    consulta->chave = termo.key;
+    consulta->traducoes = termo.translations;
+    BancoDeDados()->ExecuteAsync(consulta);
+}
+
+void IBDIdiomas::InsertTerm(structTermo& termo) {
+    class CQueryInsertTerm : public ConsultaEscrita {
+      public:
+        int chave = 0;  // not in the statement: the database gives a new row its key
+        std::vector<TQString> traducoes;
+        std::vector<structIdioma> idiomas;
+
+        QSqlQuery Prepare(QSqlDatabase banco) const override {
+            QStringList colunas;
+            QStringList marcas;
+            for (size_t i = 1; i <= idiomas.size(); ++i) {
+                colunas << QStringLiteral("LANGUAGE%1").arg(i);
+                marcas << " ? ";
+            }
+            QSqlQuery consulta(banco);
+            consulta.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR ( %1 ) VALUES ( %2 )")
+                                 .arg(colunas.join(","))
+                                 .arg(marcas.join(",")));
+            size_t proxima = 0;
+            for (const structIdioma& idioma : idiomas) {
+                const bool usada = idioma.use.EqualsNoCase(u"1");
+                consulta.addBindValue(usada ? QString(traducoes[proxima++]) : QString(""));
+            }
+            return consulta;
+        }
+    };
+
+    auto consulta = std::make_shared<CQueryInsertTerm>();
+    consulta->chave = termo.key;
+    consulta->traducoes = termo.translations;
+    consulta->idiomas = GetAllLang();
+    BancoDeDados()->ExecuteAsync(consulta);
+}
+
+void IBDIdiomas::DeleteTerm(structTermo& termo) {
+    class CQueryDeleteTerm : public ConsultaEscrita {
+      public:
+        int chave = 0;
+
+        QSqlQuery Prepare(QSqlDatabase banco) const override {
+            QSqlQuery consulta(banco);
+            consulta.prepare("DELETE FROM BDTRANSLATOR WHERE TRANS_KEY = :key");
+            consulta.bindValue(":key", chave);
+            return consulta;
+        }
+    };
+
+    auto consulta = std::make_shared<CQueryDeleteTerm>();
+    consulta->chave = termo.key;
+    BancoDeDados()->ExecuteAsync(consulta);
+}
+
+void IBDIdiomas::SaveTerm(structTermo& termo) {
+    if (termo.key > 0) {
+        UpdateTerm(termo);
+    } else {
+        InsertTerm(termo);
+    }
+}
+
+int IBDIdiomas::GetMaxTermLength() {
+    return BancoDeDados()->GetColumnSize("BDTRANSLATOR", "LANGUAGE1");
+}
+
+}  // namespace traducaoTQ

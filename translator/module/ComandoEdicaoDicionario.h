@@ -1,0 +1,4 @@
+// ComandoEdicaoDicionario: the command KVTRANSLATEEDITDIC, the editor of the dictionary.
+#pragma once
+
+void ComandoEdicaoDicionario();

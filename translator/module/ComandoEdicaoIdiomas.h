@@ -1,0 +1,4 @@
+// ComandoEdicaoIdiomas: the command KVCFGTRADELANG, the editor of the list of languages.
+#pragma once
+
+void ComandoEdicaoIdiomas();

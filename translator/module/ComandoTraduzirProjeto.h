@@ -1,0 +1,4 @@
+// ComandoTraduzirProjeto: the command KVTRANSLATEPROJ, the translation of the project.
+#pragma once
+
+void ComandoTraduzirProjeto();
