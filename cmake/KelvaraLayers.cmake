@@ -14,7 +14,7 @@ endif()
 option(KV_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(KV_PCH "Precompile the headers that most files share" ON)
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wno-unused-parameter -Werror=return-type)
+add_compile_options(-Wall -Wextra -Wpedantic -Wno-unused-parameter -Wno-restrict -Werror=return-type)
 add_compile_definitions(QT_NO_KEYWORDS)
 if(KV_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -1,6 +1,8 @@
 // The life of one command.
 #include "host/CommandRunner.h"
 
+#include <exception>
+
 #include "platform/drawing/StaticRxObject.h"
 #include "platform/kernel/KVServices.h"
 #include "platform/kernel/MxCommandContext.h"
@@ -88,14 +90,16 @@ void CommandRunner::RunRecorded(CKVCommand& command, CMxCommandContext& context,
         command.Run(&context);
         return;
     }
-    struct Record {
-        explicit Record(OdDbDatabasePtr drawing, const OdString& name) : drawing(drawing) {
-            drawing->startUndoRecord(name);
-        }
-        ~Record() { drawing->endUndoRecord(); }
-        OdDbDatabasePtr drawing;
-    } record(drawing, command.GetName());
-    command.Run(&context);
+    drawing->startUndoRecord(command.GetName());
+    std::exception_ptr failure;
+    try {
+        command.Run(&context);
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    // What the command changed last is written only here, which may fail as the command may.
+    drawing->endUndoRecord();
+    if (failure) std::rethrow_exception(failure);
 }
 
 void CommandRunner::Report(const OdString& name, const std::u16string& failure,

@@ -85,6 +85,8 @@ void BringToPresentSchema(SqlConnection& connection, const QString& url, OnMissi
                 .arg(version)
                 .arg(PresentVersion()));
     }
+    // As text is in memory: UTF-8 in the file would lose what a drawing's code page cannot decode.
+    if (version == 0) connection.Run(QStringLiteral("PRAGMA encoding = 'UTF-16le'"));
     if (version < PresentVersion()) RunMissingSteps(connection);
 }
 

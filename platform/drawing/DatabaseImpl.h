@@ -52,6 +52,9 @@ class OdDbDatabaseImpl {
     // `body` writes the groups behind the owner.
     template <class Body>
     dxf::RecordIndex addObject(std::string_view type, uint64_t ownerHandle, const Body& body);
+    template <class Body>
+    dxf::RecordIndex addObjectBehind(dxf::RecordIndex where, std::string_view type,
+                                     uint64_t ownerHandle, const Body& body);
     dxf::RecordIndex rootDictionaryForWrite();  // raises eNoDictionaries
     bool newRegApp(const OdString& application);
     void erase(uint32_t index);  // with what it owns, and out of the dictionary that holds it

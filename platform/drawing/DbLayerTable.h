@@ -20,6 +20,8 @@ class OdDbLayerTable : public OdDbSymbolTable {
   public:
     ODDB_DECLARE_MEMBERS(OdDbLayerTable);
 
+    OdDbObjectId getAt(const OdString& name, bool getErased = false) const override;
+
   protected:
     std::vector<OdDbObjectId> records() const override;
 };

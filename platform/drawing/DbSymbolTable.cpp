@@ -46,8 +46,9 @@ OdDbSymbolTableRecordPtr OdDbSymbolTableIterator::getRecord(OdDb::OpenMode mode,
 OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool getErased) const {
     for (const OdDbObjectId& id : records()) {
         if (!getErased && id.isErased()) continue;
-        const OdDbSymbolTableRecordPtr record = id.openObject(OdDb::kForRead, true);
-        if (record->getName().iCompare(name) == 0) return id;
+        // A damaged table may hold other objects.
+        const auto record = OdDbSymbolTableRecord::cast(id.openObject(OdDb::kForRead, true));
+        if (!record.isNull() && record->getName().iCompare(name) == 0) return id;
     }
     return OdDbObjectId();
 }
@@ -90,6 +91,13 @@ OdString OdDbLayerTableRecord::description() const {
     const OdResBufPtr first = chain.isNull() ? chain : chain->next();
     const OdResBufPtr second = first.isNull() ? first : first->next();
     return second.isNull() ? OdString() : second->getString();
+}
+
+OdDbObjectId OdDbLayerTable::getAt(const OdString& name, bool getErased) const {
+    const uint32_t layer = core().layers.find(name.text());
+    const OdDbObjectId id = layer == dxf::kNoRecord ? OdDbObjectId() : core().idOf(layer);
+    const bool stands = id.isNull() || getErased || !id.isErased();
+    return stands ? id : OdDbSymbolTable::getAt(name);  // a later one of that name
 }
 
 std::vector<OdDbObjectId> OdDbLayerTable::records() const {

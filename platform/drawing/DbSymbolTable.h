@@ -38,7 +38,8 @@ class OdDbSymbolTable : public OdDbObject {
   public:
     ODDB_DECLARE_MEMBERS(OdDbSymbolTable);
 
-    OdDbObjectId getAt(const OdString& name, bool getErased = false) const;  // null for none
+    // Null for none.
+    virtual OdDbObjectId getAt(const OdString& name, bool getErased = false) const;
     bool has(const OdString& name) const { return !getAt(name).isNull(); }
     OdDbSymbolTableIteratorPtr newIterator(bool atBeginning = true, bool skipDeleted = true) const;
 

@@ -82,7 +82,14 @@ void EObjString::setValue(const OdString& text) {
     dxf::Store& store = editable().store;
     const ChunkRun present = ReadStringXrecord(store, record());
     if (present.text == text.text()) return;
-    groups::Apply(store, record(), ChunkEdits(store, record(), present, text.text()));
+    std::vector<groups::Edit> edits = ChunkEdits(store, record(), present, text.text());
+    if (edits.empty()) {  // nothing stands behind the mark
+        dxf::GroupWriter writer = store.NewWriter(record());
+        WriteChunks(writer, ChunksOf(store.Codec(), text.text()));
+        const uint32_t end = groups::LayoutOf(store, record()).ownEnd;
+        edits.push_back({end, end, writer.Take()});
+    }
+    groups::Apply(store, record(), edits);
 }
 
 void EObjString::writeNew(const OdDbDatabaseImpl& database, dxf::GroupWriter& writer) const {

@@ -56,7 +56,11 @@ DrawingStructure::DrawingStructure(const dxf::Store& store) {
     for (RecordIndex i = 0; i < store.FileCount(); ++i) {
         const dxf::Record& record = store.At(i);
         highestHandle = std::max(highestHandle, record.handle);
-        if (record.type == RecordType::Section) {
+        const bool begins = record.type == RecordType::Section;
+        // In a damaged file a section may lack its ENDSEC.
+        const bool cut = begins || record.type == RecordType::Eof;
+        if (cut && section != Section::None) sectionEnds(i);
+        if (begins) {
             sectionBegins(store, i);
         } else if (record.type == RecordType::Endsec) {
             sectionEnds(i);
@@ -90,6 +94,12 @@ void DrawingStructure::sectionEnds(RecordIndex index) {
     section = Section::None;
 }
 
+RecordType DrawingStructure::recordTypeOf(const Table& of) const {
+    return &of == &layers         ? RecordType::Layer
+           : &of == &blockRecords ? RecordType::BlockRecord
+                                  : RecordType::AppId;
+}
+
 void DrawingStructure::tableRecord(const dxf::Store& store, RecordIndex index) {
     const RecordType type = store.At(index).type;
     if (type == RecordType::Table) {
@@ -102,7 +112,7 @@ void DrawingStructure::tableRecord(const dxf::Store& store, RecordIndex index) {
     } else if (type == RecordType::Endtab) {
         if (table && table->end == dxf::kNoRecord) table->end = index;
         table = nullptr;
-    } else if (table) {
+    } else if (table && type == recordTypeOf(*table)) {
         table->records.push_back(index);
     }
 }

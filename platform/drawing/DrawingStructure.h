@@ -33,6 +33,7 @@ struct DrawingStructure {
   private:
     void sectionBegins(const dxf::Store& store, dxf::RecordIndex index);
     void sectionEnds(dxf::RecordIndex index);
+    dxf::RecordType recordTypeOf(const Table& of) const;
     void tableRecord(const dxf::Store& store, dxf::RecordIndex index);
     void blockRecord(const dxf::Store& store, dxf::RecordIndex index);
 

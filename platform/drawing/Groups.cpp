@@ -9,20 +9,25 @@ namespace groups {
 namespace {
 
 constexpr int kEmbeddedObject = 101;
+constexpr int kControl = 102;  // "{NAME" begins groups of an application, "}" ends them
 constexpr size_t kTextLimit = 2049;
 constexpr size_t kOldTextLimit = 255;
 
 OdString number(size_t value) { return OdString(std::to_string(value).c_str()); }
 
-bool lacksLineEnd(const dxf::Store& store, std::string_view bytes) {
-    return store.FileFormat() == dxf::Format::Ascii && !bytes.empty() && bytes.back() != '\n' &&
-           bytes.back() != '\r';
-}
-
 // Half of what follows the code in an empty group, which is "  0", line end, line end.
 std::string lineEnd(const dxf::Store& store, dxf::RecordIndex index) {
     const std::string empty = store.NewWriter(index).String(0, "").Take();
     return empty.substr((3 + empty.size()) / 2);
+}
+
+// What the last line lacks of its end; a file may have been cut between the two bytes of it.
+std::string missingLineEnd(const dxf::Store& store, dxf::RecordIndex index,
+                           std::string_view bytes) {
+    if (store.FileFormat() != dxf::Format::Ascii || bytes.empty()) return {};
+    const std::string end = lineEnd(store, index);
+    if (bytes.back() == end.back()) return {};
+    return bytes.back() == '\r' ? "\n" : end;
 }
 
 }  // namespace
@@ -53,8 +58,10 @@ std::optional<dxf::Group> Find(const dxf::Store& store, dxf::RecordIndex index, 
                                uint32_t from) {
     auto reader = store.Groups(index, from);
     dxf::Group group;
+    bool inControl = false;
     while (reader.Next(group)) {
-        if (group.code == code) return group;
+        if (group.code == code && !inControl) return group;
+        if (group.code == kControl) inControl = group.value.starts_with('{');
         if (group.code == kEmbeddedObject || group.code >= 1000) break;
     }
     return std::nullopt;
@@ -76,7 +83,7 @@ void Apply(dxf::Store& store, dxf::RecordIndex index, const std::vector<Edit>& e
     for (const Edit& edit : edits) {
         bytes += old.substr(done, edit.begin - done);
         const bool added = edit.begin == edit.end && !edit.bytes.empty();
-        if (added && lacksLineEnd(store, bytes)) bytes += lineEnd(store, index);
+        if (added) bytes += missingLineEnd(store, index, bytes);
         bytes += edit.bytes;
         done = edit.end;
     }

@@ -21,7 +21,8 @@ struct Layout {
 };
 Layout LayoutOf(const dxf::Store& store, dxf::RecordIndex index);
 
-// The first own group of that code at or behind `from`, ahead of embedded objects and xdata.
+// The first own group of that code at or behind `from`, ahead of embedded objects and xdata; groups
+// of applications between 102 { and 102 } are passed over.
 std::optional<dxf::Group> Find(const dxf::Store& store, dxf::RecordIndex index, int code,
                                uint32_t from = 0);
 

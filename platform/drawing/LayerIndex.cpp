@@ -15,6 +15,12 @@ const std::vector<uint32_t>& LayerIndex::all() {
     return order;
 }
 
+uint32_t LayerIndex::find(const std::u16string& name) {
+    build();
+    const auto found = byName.find(text::FoldCase(name));
+    return found == byName.end() ? kNoRecord : found->second;
+}
+
 const OdString& LayerIndex::nameOf(uint32_t index) {
     build();
     return names.at(index);

@@ -14,6 +14,7 @@ class LayerIndex {
     explicit LayerIndex(OdDbDatabaseImpl& database) : database(database) {}
 
     const std::vector<uint32_t>& all();  // object indexes: the declared ones, then the used ones
+    uint32_t find(const std::u16string& name);  // without regard to case; kNoRecord for none
     const OdString& nameOf(uint32_t index);
     uint32_t layerOf(dxf::RecordIndex entity);  // object index; of layer "0" without a layer group
     // The entities of a block on all layers of exactly that name.

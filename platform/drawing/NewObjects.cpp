@@ -40,6 +40,7 @@ RecordIndex OdDbDatabaseImpl::makeObjectsSection() {
     dxf::GroupWriter writer = store.NewWriter(before);
     const RecordIndex section =
         store.InsertAfter(before, writer.String(0, "SECTION").String(2, "OBJECTS").Take());
+    structure.objectsBegin = section;
     return store.InsertAfter(section, store.NewWriter(section).String(0, "ENDSEC").Take());
 }
 
@@ -48,8 +49,11 @@ RecordIndex OdDbDatabaseImpl::rootDictionaryForWrite() {
     if (!owner.hasDictionaries()) throw OdError(eNoDictionaries);
     const RecordIndex present = recordOf(rootDictionary);
     if (present != kNoRecord) return present;
-    const RecordIndex root = addObject(
-        "DICTIONARY", 0, [this](dxf::GroupWriter& writer) { WriteNewDictionary(store, writer); });
+    lastObject();  // makes the section where there is none
+    // Readers take the first object of the section for the root.
+    const RecordIndex root =
+        addObjectBehind(structure.objectsBegin, "DICTIONARY", 0,
+                        [this](dxf::GroupWriter& writer) { WriteNewDictionary(store, writer); });
     virtuals[rootDictionary - kFirstVirtual].written = root;
     return root;
 }

@@ -1,6 +1,8 @@
 // Chains of entries read from records and written as groups.
 #include "platform/drawing/ResBufChain.h"
 
+#include <limits>
+
 #include "platform/drawing/Groups.h"
 #include "platform/drawing/OdError.h"
 
@@ -16,6 +18,40 @@ bool isHandle(int code) {
     return code == 5 || code == 105 || (code >= 320 && code <= 369) || code == 1005;
 }
 
+// Bytes of one group in a binary file; an ASCII one can be turned into it.
+constexpr size_t kChunkLimit = 255;
+
+// An entry takes many times the bytes of a small group.
+constexpr size_t kMostEntries = 1'000'000;
+
+[[noreturn]] void refuseLength(const dxf::Store& store, dxf::RecordIndex index) {
+    throw OdError(eInvalidResBuf, OdString(u"object ") +
+                                      OdDbHandle(store.At(index).handle).ascii() +
+                                      u": it holds more than a million values, which are not read; "
+                                      u"the drawing is damaged");
+}
+
+template <class Number>
+bool within(int64_t value) {
+    return value >= std::numeric_limits<Number>::min() &&
+           value <= std::numeric_limits<Number>::max();
+}
+
+// A number that is too large would be cut in a binary file without a word. Both signed and unsigned
+// numbers are about.
+bool fits(dxf::ValueKind kind, int64_t value) {
+    switch (kind) {
+        case dxf::ValueKind::Int16:
+            return within<int16_t>(value) || within<uint16_t>(value);
+        case dxf::ValueKind::Int32:
+            return within<int32_t>(value) || within<uint32_t>(value);
+        case dxf::ValueKind::Bool:
+            return within<uint8_t>(value);
+        default:
+            return true;
+    }
+}
+
 }  // namespace
 
 OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, uint32_t from,
@@ -26,6 +62,7 @@ OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, 
         OdResBuf::Source{std::string(bytes), store.Codec(), &store});
     OdResBufPtr first;
     OdResBuf* last = nullptr;
+    size_t count = 0;
     auto reader = store.Groups(index, from);
     dxf::Group group;
     while (reader.Next(group) && group.begin < to) {
@@ -38,6 +75,7 @@ OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, 
         if (last) last->end = static_cast<uint32_t>(coordinate ? group.end : group.begin) - from;
         if (coordinate || group.code == 999) continue;
 
+        if (++count > kMostEntries) refuseLength(store, index);
         OdResBufPtr entry(new OdResBuf(group.code));
         entry->group = group;
         entry->group.value = std::string_view(source->bytes)
@@ -86,10 +124,12 @@ void ResBufWriter::WriteValue(const OdResBuf& entry) {
             return;
         case dxf::ValueKind::Binary:
             if (!entry.source && !std::holds_alternative<std::string>(entry.value)) Refuse(entry);
+            groups::CheckLength(u"binary data", handle, entry.getBinaryChunk().size(), kChunkLimit);
             writer.Chunk(entry.type, entry.getBinaryChunk());
             return;
         default:
             if (!entry.source && !std::holds_alternative<int64_t>(entry.value)) Refuse(entry);
+            if (!fits(dxf::KindOfCode(entry.type), entry.getInt64())) Refuse(entry);
             writer.Int(entry.type, entry.getInt64());
     }
 }

@@ -10,15 +10,35 @@ constexpr size_t kChunk = 250;
 bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-// How many units at the start of the text stay together: a surrogate pair, \U+XXXX, \M+nXXXX, or a
-// backslash with what it escapes.
-size_t unitLength(std::u16string_view text) {
+bool isUndecodableByte(char16_t unit) { return unit >= 0xDC80 && unit <= 0xDCFF; }
+
+// A surrogate pair, \U+XXXX, \M+nXXXX, or a backslash with what it escapes.
+size_t ownLength(std::u16string_view text) {
     if (isHighSurrogate(text[0]) && text.size() > 1 && isLowSurrogate(text[1])) return 2;
     if (text[0] != u'\\') return 1;
-    const size_t wanted = text.starts_with(u"\\U+") ? 7 : text.starts_with(u"\\M+") ? 8 : 2;
+    // The backslash that escapes another one stays with what the second would begin.
+    const size_t escaping = text.substr(1).starts_with(u'\\');
+    const std::u16string_view escape = text.substr(escaping);
+    const size_t unit = escape.starts_with(u"\\U+")   ? 7
+                        : escape.starts_with(u"\\M+") ? 8
+                        : escaping                    ? 1
+                                                      : 2;
+    const size_t wanted = escaping + unit;
     const size_t length = std::min(wanted, text.size());
-    const bool cutsPair = length < text.size() && isHighSurrogate(text[length - 1]);
+    const bool cutsPair =
+        length < text.size() && isHighSurrogate(text[length - 1]) && isLowSurrogate(text[length]);
     return cutsPair ? length + 1 : length;
+}
+
+// How many units at the start of the text stay together. A byte that could not be decoded may make
+// a character with the byte behind it; the codec sees that only where it is given both.
+size_t unitLength(std::u16string_view text) {
+    constexpr size_t kLongest = 25;
+    size_t length = ownLength(text);
+    while (length < std::min(text.size(), kLongest) && isUndecodableByte(text[length - 1])) {
+        length += ownLength(text.substr(length));
+    }
+    return length;
 }
 
 // The first string group behind the mark of its subclass.

@@ -109,18 +109,26 @@ void FillBytes(const Iconv& encoder, const std::vector<char16_t>& characters,
     }
 }
 
+[[noreturn]] void Refuse(int number, const char* why) {
+    throw std::invalid_argument("Code page " + std::to_string(number) + ": " + why +
+                                "; choose another one");
+}
+
+// The pages of mainframes have their letters above 127. All text is taken to hold ASCII below.
+bool HasAsciiAbove(const std::array<char16_t, 256>& single) {
+    return std::any_of(single.begin() + 0x80, single.end(), [](char16_t c) { return c < 0x80; });
+}
+
 std::unique_ptr<CodePageTable> BuildTable(int number) {
     Iconv decoder("UTF-16LE", IconvName(number));
     Iconv encoder(IconvName(number), "UTF-16LE");
-    if (!decoder.IsOpen() || !encoder.IsOpen()) {
-        throw std::invalid_argument("Code page " + std::to_string(number) +
-                                    ": the system has no conversion for it; choose another one");
-    }
+    if (!decoder.IsOpen() || !encoder.IsOpen()) Refuse(number, "the system has no conversion");
     auto table = std::make_unique<CodePageTable>();
     for (int byte = 0; byte < 0x100; ++byte) {
         char16_t unit = byte < 0x80 ? byte : DecodeOne(decoder, {static_cast<char>(byte)});
         table->single[byte] = byte && !unit ? UndecodableByte(byte) : unit;
     }
+    if (HasAsciiAbove(table->single)) Refuse(number, "it has ASCII letters above 127");
     std::vector<char16_t> pairs = DecodePairs(decoder, *table);
     table->bytes.resize(0x10000);
     FillBytes(encoder, {table->single.begin(), table->single.end()}, table->bytes);

@@ -14,7 +14,7 @@ class CodePage {
     static constexpr int kWindows1252 = 1252;
 
     // A number of Windows (1252, 932, 850, 65001, ...). Throws std::invalid_argument for a page
-    // that the system has no conversion for.
+    // that the system has no conversion for or that does not begin with ASCII (EBCDIC).
     explicit CodePage(int number);
 
     // A name as drawings carry it: "ANSI_1252", "ansi_932", "dos850", "UTF8", "ASCII". An unknown

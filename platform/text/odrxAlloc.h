@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
-// Memory of the process's heap; std::bad_alloc when there is none. Given back with odrxFree.
+// Memory of the process's heap, from which operator new and so strings and lists take theirs too;
+// std::bad_alloc when there is none. Given back with odrxFree.
 void* odrxAlloc(size_t bytes);
 void odrxFree(void* memory);

@@ -40,6 +40,13 @@ TEST_F(DictionaryTest, LanguagesAreNumberedAndTheNextOneGetsItsColumn) {
     EXPECT_TRUE(dictionary.Check().size() == 3);  // the three texts that are missing
 }
 
+// What a drawing's code page could not decode is kept as unpaired surrogates; a term may hold it.
+TEST_F(DictionaryTest, EveryUnitOfATextComesBack) {
+    const QString odd = QString::fromUtf16(u"a\xDC81 z \xD83D\xDE00 \xFFFF \xD801");
+    dictionary.Import({"Português", "English"}, {{"Motor", odd}, {odd, "Motor"}});
+    EXPECT_EQ(Texts(), (std::vector<QStringList>{{"Motor", odd, ""}, {odd, "Motor", ""}}));
+}
+
 TEST_F(DictionaryTest, TenthLanguageComesBehindTheNinth) {
     for (int i = 4; i <= 11; ++i) dictionary.AddLanguage(QString::number(i * 11));
     EXPECT_EQ(dictionary.Languages()[9].key, "10");

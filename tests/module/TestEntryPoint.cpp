@@ -36,6 +36,7 @@ class RecordingEntryPoint : public CCEntryPoint {
     OdString moduleName() const override { return {}; }
 
     const std::list<CMxDocument*>& Waiting() const { return reactor.documentos; }
+    void Add(CMxDocument* document) { reactor.DocumentAdded(document); }
 
     std::function<void()> onRegister, onClose;
     std::map<std::u16string, int64_t> names;
@@ -109,9 +110,13 @@ TEST_F(EntryPoint, WithoutDocumentsToFollowTheCommandsStand) {
     InstallMxSystemServices(nullptr);
     module.initApp();
     EXPECT_EQ(Calls(), Lines{"registarComandos"});
+    module.Add(&document);
     CommandEndedIn(&document);
+    EXPECT_EQ(Calls(), (Lines{"aberto 0", "primeiro 0"}));
+    module.Add(&document);
     module.uninitApp();
-    EXPECT_EQ(Calls(), Lines{"removerComandos"});
+    CommandEndedIn(&document);
+    EXPECT_EQ(Calls(), (Lines{"aberto 0", "removerComandos"}));
 }
 
 TEST_F(EntryPoint, ADocumentIsAnnouncedAgainAtTheEndOfItsFirstCommand) {

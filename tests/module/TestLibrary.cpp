@@ -112,6 +112,18 @@ TEST(Library, HasOneModuleObjectThatOnlyItsDeletionEnds) {
     module->deleteModule();
 }
 
+TEST(Library, ShowsNothingButItsTwoExports) {
+    const auto shownByIt = [](const char* name) {
+        const void* symbol = dlsym(Library(), name);
+        return symbol && ModuleOfAddress(symbol) == LibraryHandle();
+    };
+    EXPECT_TRUE(shownByIt("odrxCreateModuleObject"));
+    EXPECT_TRUE(shownByIt("odrxGetAPIVersion"));
+    for (const char* name : {"_ZN12CCEntryPoint7initAppEv", "_ZN8TQString4TrimEv",
+                             "_ZN15OdRxWin32ModuleI11CTQTradutorS0_E9singletonE"})
+        EXPECT_FALSE(shownByIt(name)) << name;
+}
+
 // The library brings no descriptors and no service pointers of its own.
 TEST(Library, SharesDescriptorsAndServicesWithTheProgram) {
     EXPECT_EQ(Export<OdRxClass*()>("_ZN8OdDbText4descEv")(), OdDbText::desc());

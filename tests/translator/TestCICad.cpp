@@ -79,6 +79,20 @@ TEST(CICad, ReadsVariables) {
     EXPECT_EQ(document.lisp.released, 3);  // lists are not given back, which is meant
 }
 
+TEST(CICad, AFailureInTheHostIsLoggedUnderTheOperationsName) {
+    struct Failing : ScriptedDocument {
+        CMxLispEngine* GetLispEngine() override { throw std::runtime_error("busy"); }
+    } document;
+    ScriptedServices services;
+    services.active = &document;
+    EXPECT_THROW(CICad().ExecutaFuncaoCad(u"(f)"), std::runtime_error);
+    EXPECT_THROW(CICad().GetVarStr(u"v", u"default", &document), std::runtime_error);
+    EXPECT_THROW(CICad().GetVarLstStr(u"v", &document), std::runtime_error);
+    EXPECT_THAT(services.log,
+                ElementsAre("tq::CICad::ExecutaFuncaoCad : busy", "tq::CICad::GetVarStr : busy",
+                            "tq::CICad::GetVarLstStr : busy"));
+}
+
 TEST(CICad, ListsLayersInTableOrder) {
     ScriptedServices services;
     OdDbDatabasePtr drawing = Drawing();

@@ -125,11 +125,16 @@ ListaTraduziveis ITradCad::BuscarFios(const TQString& camada) {
     ListaTraduziveis lista = NovaLista();
     for (const OdDbObjectId& id : BuscarObjetosLayer(camada)) {
         const OdDbPolylinePtr polilinha = OdDbPolyline::cast(SafeOpen(id));
-        if (polilinha.isNull()) continue;
-        for (const OdResBufPtr& entrada : EntradasFio(polilinha->xData(VRN_TQ_WIRE))) {
-            CamposFio campos = LerCamposFio(Aparado(entrada->getString()));
-            Acrescentar<EFioXdataTrad>(lista, campos.texto, campos.fio, ChaveDe(*polilinha));
-        }
+        if (!polilinha.isNull()) JuntarA(lista, BuscarFiosPolilinha(*polilinha));
+    }
+    return lista;
+}
+
+ListaTraduziveis ITradCad::BuscarFiosPolilinha(const OdDbPolyline& polilinha) {
+    ListaTraduziveis lista = NovaLista();
+    for (const OdResBufPtr& entrada : EntradasFio(polilinha.xData(VRN_TQ_WIRE))) {
+        CamposFio campos = LerCamposFio(Aparado(entrada->getString()));
+        Acrescentar<EFioXdataTrad>(lista, campos.texto, campos.fio, ChaveDe(polilinha));
     }
     return lista;
 }

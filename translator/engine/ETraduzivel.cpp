@@ -23,15 +23,15 @@ std::string_view NomeTipo(uint32_t tipo) {
 }
 
 ETraduzivel::ETraduzivel(uint32_t tipo, TQString novoTexto, TQString novaChave)
-    : tipo(tipo), chave(std::make_unique<TQString>(std::move(novaChave))) {
+    : tipo(tipo), chave(std::move(novaChave)) {
     if (!novoTexto.empty() && novoTexto != u" ") {
-        texto = std::make_unique<TQString>(std::move(novoTexto));
+        texto = std::move(novoTexto);
     }
 }
 
 ETraduzivel::~ETraduzivel() = default;
 
-const TQString* ETraduzivel::GetTexto() const { return texto.get(); }
+const TQString* ETraduzivel::GetTexto() const { return texto ? &*texto : nullptr; }
 
 void ETraduzivel::SetTexto(TQString) {}
 
@@ -44,8 +44,8 @@ EAtributoTrad::~EAtributoTrad() = default;
 
 EDefAtributoTrad::EDefAtributoTrad(TQString tag, TQString prompt, TQString texto, TQString chave)
     : ETraduzivel(TipoDefAtributo, std::move(texto), std::move(chave)),
-      tag(std::make_unique<TQString>(std::move(tag))),
-      prompt(std::make_unique<TQString>(std::move(prompt))) {}
+      tag(std::move(tag)),
+      prompt(std::move(prompt)) {}
 
 EDefAtributoTrad::~EDefAtributoTrad() = default;
 

@@ -3,9 +3,8 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <string_view>
-#include <vector>
 
 #include "platform/drawing/DbObjectId.h"
 #include "translator/cad/TQString.h"
@@ -47,14 +46,14 @@ class ETraduzivel {
 
     // The key of the place: the object's handle in hexadecimal; of a virtual attribute the handle,
     // "_" and the attribute's name.
-    const TQString& GetChave() const { return *chave; }
+    const TQString& GetChave() const { return chave; }
 
   protected:
     ETraduzivel(uint32_t tipo, TQString texto, TQString chave);
 
     uint32_t tipo;
-    std::unique_ptr<TQString> texto;
-    std::unique_ptr<TQString> chave;
+    std::optional<TQString> texto;
+    TQString chave;
 };
 
 // An attribute of a block reference. SetTexto raises OdError_NotThatKindOfClass when the handle
@@ -71,12 +70,12 @@ class EDefAtributoTrad : public ETraduzivel {
   public:
     EDefAtributoTrad(TQString tag, TQString prompt, TQString texto, TQString chave);
     ~EDefAtributoTrad() override;
-    const TQString& GetTag() const { return *tag; }
-    const TQString& GetPrompt() const { return *prompt; }
+    const TQString& GetTag() const { return tag; }
+    const TQString& GetPrompt() const { return prompt; }
 
   private:
-    std::unique_ptr<TQString> tag;
-    std::unique_ptr<TQString> prompt;
+    TQString tag;
+    TQString prompt;
 };
 
 // A text or an mtext. The text of an mtext is its raw contents, formatting codes included.

@@ -5,6 +5,9 @@
 #include <iterator>
 
 #include "platform/drawing/DbBlockReference.h"
+#include "platform/drawing/DbMText.h"
+#include "platform/drawing/DbPolyline.h"
+#include "platform/drawing/DbText.h"
 #include "platform/kernel/MxSystemServices.h"
 #include "translator/cad/CICad.h"
 #include "translator/cad/DrawingHelpers.h"
@@ -54,6 +57,10 @@ TQStringList SoPaginas(const TQStringList& nomes, bool incluirCamada0) {
     return paginas;
 }
 
+bool EhTexto(const OdDbObject& objeto) {
+    return objeto.isKindOf(OdDbText::desc()) || objeto.isKindOf(OdDbMText::desc());
+}
+
 bool TemTexto(const ETraduzivel* traduzivel) {
     const TQString* texto = traduzivel->GetTexto();
     return texto && !texto->empty() && *texto != u" ";
@@ -85,26 +92,24 @@ ListaTraduziveis ITradCad::BuscarTraduziveis(bool atributos, bool textos, bool f
     return lista;
 }
 
-void ITradCad::BuscarEmObjetoMisto(OdDbObjectId id, const Pedido& pedido, ListaTraduziveis& lista) {
-    const OdDbObjectPtr objeto = SafeOpen(id);
-    if (objeto.isNull()) return;
-    if (objeto->isKindOf(OdDbBlockReference::desc())) {
-        if (pedido.atributos) JuntarA(lista, BuscarAtributos(id));
-        if (pedido.textos) JuntarA(lista, BuscarBlocoTextos(id));
-    } else if (pedido.textos) {
-        JuntarA(lista, BuscarTextos(id));
-    }
-}
-
 ListaTraduziveis ITradCad::BuscarTraduziveisMistos(const Pedido& pedido) {
     TQStringList nomes = pedido.paginas;
     if (pedido.camadasDePagina) AcrescentarCamadasDePagina(nomes);
-    const TQStringList paginas = SoPaginas(nomes, pedido.incluirCamada0);
     ListaTraduziveis lista = NovaLista();
-    for (const OdDbObjectId& id : BuscarObjetosPaginas(paginas)) {
-        BuscarEmObjetoMisto(id, pedido, lista);
+    ListaTraduziveis fios = NovaLista();
+    for (const OdDbObjectId& id : BuscarObjetosPaginas(SoPaginas(nomes, pedido.incluirCamada0))) {
+        const OdDbObjectPtr objeto = SafeOpen(id);
+        if (objeto.isNull()) continue;
+        if (objeto->isKindOf(OdDbBlockReference::desc())) {
+            if (pedido.atributos) JuntarA(lista, BuscarAtributos(id));
+            if (pedido.textos) JuntarA(lista, BuscarBlocoTextos(id));
+        } else if (const auto polilinha = OdDbPolyline::cast(objeto); !polilinha.isNull()) {
+            if (pedido.atributos) JuntarA(fios, BuscarFiosPolilinha(*polilinha));
+        } else if (pedido.textos && EhTexto(*objeto)) {
+            JuntarA(lista, BuscarTextos(id));
+        }
     }
-    if (pedido.atributos) JuntarA(lista, BuscarFiosPaginas(paginas));
+    JuntarA(lista, std::move(fios));
     JuntarA(lista, BuscarAtributosVirtuais());
     DescartarSemTexto(lista);
     return lista;

@@ -9,6 +9,8 @@
 #include "translator/cad/TQStringList.h"
 #include "translator/engine/ListaTraduziveis.h"
 
+class OdDbPolyline;
+
 namespace traducaoTQ {
 
 // A page is a layer of the model space. The layers "0" and "tq_freeze" are never pages.
@@ -35,7 +37,6 @@ class ITradCad {
     ListaTraduziveis BuscarTraduziveisMistos(const Pedido& pedido);
 
   private:
-    void BuscarEmObjetoMisto(OdDbObjectId id, const Pedido& pedido, ListaTraduziveis& lista);
     std::vector<OdDbObjectId> BuscarObjetosPaginas(const TQStringList& paginas);
     std::vector<OdDbObjectId> BuscarObjetosLayer(const TQString& camada);
     ListaTraduziveis BuscarAtributos(OdDbObjectId id);  // null for a null id
@@ -44,6 +45,7 @@ class ITradCad {
     ListaTraduziveis BuscarBlocoTextos(OdDbObjectId id);
     ListaTraduziveis BuscarFiosPaginas(const TQStringList& paginas);
     ListaTraduziveis BuscarFios(const TQString& camada);
+    ListaTraduziveis BuscarFiosPolilinha(const OdDbPolyline& polilinha);
     ListaTraduziveis BuscarAtributosVirtuais();
 };
 

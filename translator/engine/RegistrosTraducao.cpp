@@ -95,7 +95,8 @@ std::unique_ptr<RegistrosObjeto> ReadObjectRecords(CString chave) {
     for (OdDbDictionaryIteratorPtr percurso = doObjeto->newIterator(OdRx::kDictSorted);
          !percurso->done(); percurso->next()) {
         const EObjStringPtr valor = percurso->object();
-        registros->emplace_back(percurso->name(), valor->getValue());
+        // Other programs may leave an entry whose object has gone: it holds no text.
+        if (!valor.isNull()) registros->emplace_back(percurso->name(), valor->getValue());
     }
     return registros;
 }

@@ -24,12 +24,12 @@ OdDbObjectId IdDaChave(const TQString& chave) {
 }  // namespace
 
 void EAtributoTrad::SetTexto(TQString novo) {
-    OdDbAttributePtr atributo = SafeOpen(IdDaChave(*chave), OdDb::kForWrite);
+    OdDbAttributePtr atributo = SafeOpen(IdDaChave(chave), OdDb::kForWrite);
     if (!atributo.isNull()) atributo->setTextString(novo);
 }
 
 void ETextoTrad::SetTexto(TQString novo) {
-    const OdDbObjectPtr objeto = SafeOpen(IdDaChave(*chave), OdDb::kForWrite);
+    const OdDbObjectPtr objeto = SafeOpen(IdDaChave(chave), OdDb::kForWrite);
     if (OdDbTextPtr texto = OdDbText::cast(objeto); !texto.isNull()) {
         texto->setTextString(novo);
     } else if (OdDbMTextPtr mtexto = OdDbMText::cast(objeto); !mtexto.isNull()) {
@@ -49,12 +49,12 @@ void EBlocoTextoTrad::SetTexto(TQString novo) {
             return false;
         });
     }
-    texto = std::make_unique<TQString>(std::move(novo));
+    texto = std::move(novo);
 }
 
 void EFioXdataTrad::SetTexto(TQString novo) {
     // Opened for read first, so that a wire whose text is right already stays untouched.
-    OdDbPolylinePtr polilinha = OdDbPolyline::cast(SafeOpen(IdDaChave(*chave)));
+    OdDbPolylinePtr polilinha = OdDbPolyline::cast(SafeOpen(IdDaChave(chave)));
     if (polilinha.isNull()) return;
     const OdResBufPtr cadeia = polilinha->xData(VRN_TQ_WIRE);
     for (const OdResBufPtr& entrada : EntradasFio(cadeia)) {
@@ -70,9 +70,9 @@ void EFioXdataTrad::SetTexto(TQString novo) {
 }
 
 void EAtributoVirtualTrad::SetTexto(TQString novo) {
-    *chave = chave->Tokenize(u"_").Front() + u"_" + nome;
+    chave = chave.Tokenize(u"_").Front() + u"_" + nome;
     // The handle ends at "_".
-    const OdDbObjectPtr objeto = SafeOpen(IdDaChave(*chave), OdDb::kForWrite);
+    const OdDbObjectPtr objeto = SafeOpen(IdDaChave(chave), OdDb::kForWrite);
     if (objeto.isNull()) return;
     const OdResBufPtr cadeia = objeto->xData(VRN_TQ_ATT_VIRTUAL);
     if (cadeia.isNull()) return;

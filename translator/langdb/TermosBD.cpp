@@ -75,7 +75,7 @@ void IBDIdiomas::UpdateTerm(structTermo& termo) {
                 if (!idioma.use.EqualsNoCase(u"1")) continue;
                 if (!valores.empty()) texto += " , ";
                 texto += " LANGUAGE" + QString(idioma.key) + " = ? ";
-                valores.push_back(traducoes[valores.size()]);
+                valores.push_back(traducoes.at(valores.size()));
             }
             texto += " where TRANS_KEY = ?";
             QSqlQuery consulta(banco);
@@ -114,7 +114,7 @@ void IBDIdiomas::InsertTerm(structTermo& termo) {
             size_t proxima = 0;
             for (const structIdioma& idioma : idiomas) {
                 const bool usada = idioma.use.EqualsNoCase(u"1");
-                consulta.addBindValue(usada ? QString(traducoes[proxima++]) : QString(""));
+                consulta.addBindValue(usada ? QString(traducoes.at(proxima++)) : QString(""));
             }
             return consulta;
         }

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "platform/drawing/dxf/LineEnds.h"
+
 namespace dxf {
 
 namespace {
@@ -75,10 +77,22 @@ void IndexBuilder::Close(uint64_t offset) {
         throw Error("the file holds more than " + std::to_string(limit) +
                     " records, too many for its size; it is damaged or no drawing");
     Record& record = index.records.Append(builder.End(offset));
+    if (record.type == RecordType::Section || record.type == RecordType::Eof)
+        CheckSectionEnded(record.offset);
     if (record.type == RecordType::Section)
         EnterSection(record);
     else if (record.type == RecordType::Endsec)
         section = Section::None;
+}
+
+void IndexBuilder::CheckSectionEnded(uint64_t offset) {
+    if (section == Section::None) return;
+    const bool ascii = index.format == Format::Ascii;
+    const uint64_t line = ascii ? CountByte(file.Data(), offset, index.lineEnd) + 1 : offset;
+    index.findings.push_back({Finding::Severity::ReadOnly, line,
+                              "the section ahead of this place has no ENDSEC, so the file is "
+                              "opened for reading only"});
+    section = Section::None;
 }
 
 void IndexBuilder::EnterSection(Record& record) {

@@ -50,6 +50,7 @@ class IndexBuilder {
   private:
     static uint64_t RecordLimit(uint64_t fileSize);
     void Close(uint64_t offset);
+    void CheckSectionEnded(uint64_t offset);
     void EnterSection(Record& record);
 
     const Buffer& file;

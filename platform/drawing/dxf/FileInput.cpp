@@ -59,6 +59,8 @@ FileInput ReadFile(const std::string& nativePath) {
     struct stat found;
     if (::fstat(file.number, &found) != 0) Fail("the file cannot be looked at", errno);
     if (S_ISDIR(found.st_mode)) throw Error("this is a folder, and a drawing file is expected");
+    if (S_ISCHR(found.st_mode) || S_ISBLK(found.st_mode))
+        throw Error("this is a device, and a drawing file is expected");
     IdentifyFile(nativePath, input.identity);
     ReadAll(file.number, size_t(found.st_size), input.bytes);
     FileIdentity now;

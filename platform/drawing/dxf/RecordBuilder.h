@@ -67,6 +67,10 @@ class RecordBuilder {
     Record End(uint64_t offset);  // throws Error for a record of 4 GB and more
 
   private:
+    // Between 102 { and 102 } applications keep what they like under the same codes.
+    static constexpr bool IsOwn(Action action) {
+        return action != Action::Control && action != Action::Xdata && action != Action::Embedded;
+    }
     bool IsOne(std::string_view value) const;
 
     Format format;
@@ -83,6 +87,7 @@ inline void RecordBuilder::Take(Action action, std::string_view value, uint64_t 
             record.xdata = uint32_t(offset - record.offset);
         return;
     }
+    if (inControl && IsOwn(action)) return;
     switch (action) {
         case Action::Text:
             if (record.text == 0) record.text = uint32_t(offset - record.offset);
@@ -108,7 +113,7 @@ inline void RecordBuilder::Take(Action action, std::string_view value, uint64_t 
             inControl = !value.empty() && value.front() == '{';
             break;
         case Action::Owner:
-            if (record.owner == 0 && !inControl) record.owner = ParseHandle(value);
+            if (record.owner == 0) record.owner = ParseHandle(value);
             break;
         case Action::Xdata:
             record.xdata = uint32_t(offset - record.offset);

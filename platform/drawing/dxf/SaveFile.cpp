@@ -152,6 +152,8 @@ void TakePermissions(int file, const std::string& target) {
     if (::stat(target.c_str(), &old) != 0) return;
     if (!S_ISREG(old.st_mode))
         throw Error(target + ": the target is no ordinary file; give another name");
+    // The superuser may write to everything, and asks for protection all the same.
+    if ((old.st_mode & 0222) == 0) Fail(target, "the file is write-protected", EACCES);
     if (::access(target.c_str(), W_OK) != 0) Fail(target, "the file is write-protected", errno);
     if (::fchmod(file, old.st_mode & 07777) != 0)
         Fail(target, "the permissions of the file cannot be kept", errno);

@@ -17,7 +17,7 @@ std::unique_ptr<Store> Store::Read(const std::string& nativePath) {
         FileInput input = ReadFile(nativePath);
         store->impl->file = std::move(input.bytes);
         store->impl->path = std::move(input.path);
-        store->impl->identity = input.identity;
+        if (!store->impl->path.empty()) store->impl->filesMet[store->impl->path] = input.identity;
         store->impl->IndexFile();
         return store;
     } catch (const Error& error) {

@@ -93,10 +93,10 @@ class Store {
     std::vector<RecordState> Restore(const std::vector<RecordState>& states);
 
     // Temporary file beside the target, fsync, rename, fsync of the folder; "-" is standard output.
-    // Throws dxf::Error and leaves the target as it was. A target that is the file that was read
-    // and has changed on disk since is not overwritten unless force is true. verify, when given, is
-    // called with the complete temporary file before the rename; what it throws ends the save with
-    // the target untouched.
+    // Throws dxf::Error and leaves the target as it was. A target that is the file that was read,
+    // or one that was saved, and has changed on disk since is not overwritten unless force is true.
+    // verify, when given, is called with the complete temporary file before the rename; what it
+    // throws ends the save with the target untouched.
     using Verify = std::function<void(const std::string& temporaryPath)>;
     void Save(const std::string& nativePath, bool force = false, const Verify& verify = {});
     // The bytes that Save would write, in memory; for tests and small drawings.

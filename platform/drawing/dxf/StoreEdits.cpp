@@ -34,9 +34,14 @@ std::string_view Store::Impl::LineEndAt(RecordIndex neighbour) const {
     return end != bytes.npos && end > 0 && bytes[end - 1] == '\r' ? "\r\n" : "\n";
 }
 
+// What the last line lacks of its end; a file may have been cut between the two bytes of it.
+std::string_view Store::Impl::MissingLineEnd(std::string_view bytes, RecordIndex neighbour) const {
+    if (index.format != Format::Ascii || bytes.empty() || bytes.back() == index.lineEnd) return {};
+    return bytes.back() == '\r' ? "\n" : LineEndAt(neighbour);
+}
+
 void Store::Impl::EndLastLine(std::string& bytes, RecordIndex neighbour) const {
-    if (index.format == Format::Ascii && !bytes.empty() && bytes.back() != index.lineEnd)
-        bytes += LineEndAt(neighbour);
+    bytes += MissingLineEnd(bytes, neighbour);
 }
 
 // The index entry of bytes that are to become a record; throws for what is not one whole record.

@@ -34,9 +34,11 @@ void Flattened::AddChain(RecordIndex anchor) {
     const Chain& chain = store.chains.at(anchor);
     for (RecordIndex number = chain.first;; number = store.links[number - store.fileCount].next) {
         // The file's last line may lack its end.
-        const bool ascii = store.index.format == Format::Ascii;
-        if (ascii && !pieces.empty() && pieces.back().back() != store.index.lineEnd)
-            pieces.push_back(store.LineEndAt(anchor));
+        const bool stands = !(store.index.records[number].flags & kErased);
+        if (stands && !pieces.empty()) {
+            const std::string_view missing = store.MissingLineEnd(pieces.back(), anchor);
+            if (!missing.empty()) pieces.push_back(missing);
+        }
         AddRecord(number);
         if (number == chain.last) return;
     }
@@ -110,20 +112,29 @@ std::string Store::ToBytes() const {
     return bytes;
 }
 
+// What cannot be found or looked at any more is met again as a file of somebody else.
+void Store::Impl::Meet(const std::string& nativePath) {
+    std::error_code failed;
+    const std::string met = std::filesystem::canonical(nativePath, failed);
+    FileIdentity identity;
+    if (!failed && IdentifyFile(met, identity)) filesMet[met] = identity;
+}
+
 void Store::Save(const std::string& nativePath, bool force, const Verify& verify) {
     const Flattened flattened(*impl);
     if (nativePath == "-") return WriteToStandardOutput(flattened.Pieces(), verify);
     FileIdentity now;
     const bool exists = IdentifyFile(nativePath, now);
     std::error_code failed;
-    const bool own = exists && !impl->path.empty() &&
-                     std::filesystem::canonical(nativePath, failed) == impl->path;
-    if (own && !force && !(now == impl->identity))
+    const auto known = exists ? impl->filesMet.find(std::filesystem::canonical(nativePath, failed))
+                              : impl->filesMet.end();
+    if (known != impl->filesMet.end() && !force && !(now == known->second))
         throw Error(nativePath +
-                    ": the file changed on disk since it was read; nothing was changed. Save under "
+                    ": the file changed on disk since it was read or saved; nothing was changed. "
+                    "Save under "
                     "another name, or say that it may be overwritten");
     ReplaceFile(nativePath, flattened.Pieces(), verify);
-    if (own) IdentifyFile(nativePath, impl->identity);
+    impl->Meet(nativePath);
 }
 
 }  // namespace dxf

@@ -1,6 +1,7 @@
 // What a store keeps in memory: the file, its index, and the edits.
 #pragma once
 
+#include <map>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -32,8 +33,8 @@ struct Chain {
 
 struct Store::Impl {
     Buffer file;
-    std::string path;  // empty unless the store was read from a file
-    FileIdentity identity;
+    std::string path;                              // empty unless the store was read from a file
+    std::map<std::string, FileIdentity> filesMet;  // read and written ones, as they were then
     FileIndex index;
     HandleIndex handles{index.records};
     std::string pageName;
@@ -72,6 +73,7 @@ struct Store::Impl {
     // Edits. A record's number is called so here, since the index is the file's.
     void RequireEditable() const;
     std::string_view LineEndAt(RecordIndex neighbour) const;
+    std::string_view MissingLineEnd(std::string_view bytes, RecordIndex neighbour) const;
     void EndLastLine(std::string& bytes, RecordIndex neighbour) const;
     Record Describe(std::string_view bytes, Section section);
     void TakeDescription(RecordIndex number, const Record& description);
@@ -82,6 +84,7 @@ struct Store::Impl {
     void Remember(const RecordState& state);
 
     // Saving.
+    void Meet(const std::string& nativePath);
     uint64_t NeededSeed() const;  // 0 when the file's is good
     std::string HeaderWithSeed(uint64_t seed) const;
     std::vector<RecordIndex> TouchedRecords() const;

@@ -153,6 +153,15 @@ TEST(Dictionaries, GetASectionWhereTheDrawingHasNone) {
     }
 }
 
+// Readers take the first object of the section for the root dictionary.
+TEST(Dictionaries, TheRootGoesAheadOfTheObjectsOfASection) {
+    OdDbDatabasePtr database = Open({.objects = "0 LAYOUT\n5 D\n330 0\n"});
+    root(*database)->setAt(u"T", stringOf(u"text"));
+    const std::string bytes = database->toBytes();
+    EXPECT_LT(bytes.find("DICTIONARY"), bytes.find("LAYOUT"));
+    EXPECT_LT(bytes.find("LAYOUT"), bytes.find("XRECORD"));
+}
+
 TEST(Dictionaries, AreNotToBeHadInOldDrawings) {
     OdDbDatabasePtr database = Open({.version = "AC1009", .entities = "0 LINE\n8 0\n"});
     EXPECT_FALSE(database->hasDictionaries());
@@ -192,6 +201,16 @@ TEST(Strings, ComeBackAsTheyWere) {
             EXPECT_EQ(OdString(read->getValue()), u"other");
         }
     }
+}
+
+TEST(Strings, WithNothingBehindTheirMarkTakeAText) {
+    OdDbDatabasePtr database =
+        Open({.objects = "0 DICTIONARY\n5 C\n330 0\n100 AcDbDictionary\n3 S\n350 D\n"
+                         "0 XRECORD\n5 D\n330 C\n100 AcDbXrecord\n280 1\n1 EObjString\n"});
+    EObjStringPtr(root(*database)->getAt(u"S", OdDb::kForWrite))->setValue(u"text");
+    OdDbDatabasePtr again = Reopened(*database);
+    const EObjStringPtr read = root(*again)->getAt(u"S", OdDb::kForRead);
+    EXPECT_EQ(OdString(read->getValue()), u"text");
 }
 
 TEST(Strings, AreNoOtherXrecords) {

@@ -52,6 +52,24 @@ TEST(Text, ThatStandsThereAlreadyIsNotWritten) {
     EXPECT_FALSE(database->isModified());
 }
 
+TEST(Text, IsNotWhatApplicationsKeepUnderItsCode) {
+    for (const char* type : {"TEXT", "MTEXT"}) {
+        OdDbDatabasePtr database =
+            Open({.entities = std::string("0 ") + type +
+                              "\n5 30\n102 {APP\n1 theirs\n8 theirs\n40 1.0\n102 }\n"
+                              "330 1F\n8 P\n40 2.5\n1 ours\n"});
+        OdDbEntityPtr entity = At<OdDbEntity>(*database, u"30", OdDb::kForWrite);
+        EXPECT_EQ(entity->layer(), u"P");
+        if (const OdDbTextPtr text = OdDbText::cast(entity); !text.isNull()) {
+            text->setTextString(u"new");
+        } else {
+            OdDbMTextPtr(entity)->setContents(u"new");
+        }
+        EXPECT_EQ(Difference(std::string(database->store().Original()), database->toBytes()),
+                  "-ours\n+new\n");
+    }
+}
+
 TEST(Text, WithoutItsGroupGetsOne) {
     OdDbDatabasePtr database = Open({.entities = textEntity("50 0.0\n1001 ACAD\n1000 x\n")});
     OdDbTextPtr text = At<OdDbText>(*database, u"30", OdDb::kForWrite);
@@ -135,9 +153,22 @@ TEST(MText, ReplacesAllOfItsChunks) {
 // Pieces of random text must read back as it was, with no piece too long and none that ends inside
 // a character or an escape.
 TEST(MText, ChunksSplitNothing) {
-    const std::u16string pool[] = {u"a", u"\u00FC", u"\u4E2D", u"\U0001F50C", u"\\P", u"^", u"\f"};
+    const std::u16string pool[] = {u"a",
+                                   u"\u00FC",
+                                   u"\u4E2D",
+                                   u"\U0001F50C",
+                                   u"\\P",
+                                   u"^",
+                                   u"\\U+0041",
+                                   u"\\\\U+0041",
+                                   u"\\M+18141",
+                                   std::u16string(1, 0xDC81),
+                                   u"\f",
+                                   u"\\",
+                                   std::u16string(1, 0xD83D)};
     std::mt19937 random(20240501);
-    for (const char* version : {"AC1015", "AC1024"}) {
+    // A byte 81 begins a character in the double-byte page.
+    for (const char* version : {"AC1015", "AC1015\n9 $DWGCODEPAGE\n3 ANSI_932", "AC1024"}) {
         for (int round = 0; round < 60; ++round) {
             std::u16string contents;
             const size_t length = random() % 900;

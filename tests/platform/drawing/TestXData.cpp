@@ -113,6 +113,12 @@ TEST(XData, RefusesWhatDoesNotFit) {
         chain->setNext(OdResBuf::newRb(type, value));
         return chain;
     };
+    const auto bytesOf = [](size_t length) {
+        OdResBufPtr chain = OdResBuf::newRb(1001, u"APP");
+        chain->setNext(OdResBuf::newRb(1004));
+        chain->next()->setBinaryChunk(std::string(length, 'x'));
+        return chain;
+    };
     const OdString longest(std::u16string(255, u'x'));
     const OdString tooLong(std::u16string(127, u'\u00FC') + u"xx");
     const struct {
@@ -124,6 +130,10 @@ TEST(XData, RefusesWhatDoesNotFit) {
         {chainOf(1000, 7), eInvalidResBuf},
         {chainOf(1040, OdString(u"x")), eInvalidResBuf},
         {chainOf(40, 1.0), eInvalidResBuf},
+        {chainOf(1070, -32768), eOk},
+        {chainOf(1070, 70000), eInvalidResBuf},
+        {bytesOf(255), eOk},
+        {bytesOf(256), eStringTooLong},
         {OdResBuf::newRb(1000, u"no application"), eInvalidResBuf},
         {OdResBufPtr(), eInvalidResBuf},
     };

@@ -169,6 +169,13 @@ TEST(Edits, AnInsertionBehindALastLineWithoutEndGetsOne) {
     const auto store = Store::Parse("0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF");
     store->InsertAfter(store->FileCount() - 1, "0\nX");
     EXPECT_EQ(store->ToBytes(), "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n0\nX\n");
+    // Cut between the two bytes of the end; and what is taken back leaves none.
+    const std::string cut = "0\r\nSECTION\r\n2\r\nENTITIES\r\n0\r\nENDSEC\r";
+    const auto truncated = Store::Parse(cut);
+    const RecordIndex added = truncated->InsertAfter(1, "0\r\nEOF\r\n");
+    EXPECT_EQ(truncated->ToBytes(), cut + "\n0\r\nEOF\r\n");
+    truncated->SetErased(added, true);
+    EXPECT_EQ(truncated->ToBytes(), cut);
 }
 
 TEST(Edits, ModifiedFollowsTheLastSave) {

@@ -120,6 +120,9 @@ TEST(Parse, FilesThatCannotBeEditedSafelyAreReadOnly) {
         {"0\nSECTION\n2\nENTITIES\n0\nTEXT\n5\n8\nP\n1\nx\n0\nENDSEC\n0\nEOF\n", "\"P\"", 9},
         {"0\nSECTION\n2\nENTITIES\n0\nTEXT\nextra\n8\nP\n0\nENDSEC\n0\nEOF\n", "\"extra\"", 7},
         {"0\nSECTION\n2\nENTITIES\n0\nTEXT\n8\nP\n", "ends inside a section", 0},
+        {"0\nSECTION\n2\nENTITIES\n0\nTEXT\n8\nP\n0\nEOF\n", "no ENDSEC", 9},
+        {"0\nSECTION\n2\nENTITIES\n0\nTEXT\n8\nP\n0\nSECTION\n2\nOBJECTS\n0\nENDSEC\n0\nEOF\n",
+         "no ENDSEC", 9},
     };
     for (const DamageCase& damage : cases) {
         SCOPED_TRACE(damage.file);

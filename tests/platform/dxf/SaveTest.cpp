@@ -80,6 +80,21 @@ TEST_F(Save, AFileThatChangedOnDiskIsNotOverwrittenUnasked) {
     EXPECT_EQ(ReadBytes(path), changed);
 }
 
+TEST_F(Save, AlsoNotTheFileThatWasSavedLast) {
+    const std::string other = (folder / "other.dxf").string();
+    store->Save(other);
+    store->Save(other);
+    WriteBytes(other, "somebody else");
+    EXPECT_THROW(store->Save(other), Error);
+    EXPECT_EQ(ReadBytes(other), "somebody else");
+}
+
+TEST_F(Save, AWriteProtectedFileIsNotReplaced) {
+    fs::permissions(path, fs::perms::owner_read);
+    EXPECT_THROW(store->Save(path), Error);
+    ExpectUntouched();
+}
+
 TEST_F(Save, PlacesThatCannotBeWritten) {
     for (const char* target : {"/no/such/folder/a.dxf", "/proc/a.dxf", "/proc/self"}) {
         try {

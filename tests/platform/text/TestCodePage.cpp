@@ -98,14 +98,17 @@ TEST(CodePage, LacksWhatItCannotWrite) {
 
 TEST(CodePage, IsFoundByTheNamesOfDrawings) {
     const std::pair<const char*, int> names[] = {
-        {"ANSI_1252", 1252}, {"ansi_932", 932},          {"dos850", 850},  {"DOS437", 437},
-        {"UTF8", 65001},     {"UTF-8", 65001},           {"ASCII", 1252},  {"ksc5601", 949},
-        {"BIG5", 950},       {"iso8859-9", 28599},       {"", 1252},       {"ANSI_", 1252},
-        {"ANSI_4711", 1252}, {"ANSI_99999999999", 1252}, {"Klingon", 1252}};
+        {"ANSI_1252", 1252},  {"ansi_932", 932},  {"dos850", 850},
+        {"DOS437", 437},      {"UTF8", 65001},    {"UTF-8", 65001},
+        {"ASCII", 1252},      {"ksc5601", 949},   {"BIG5", 950},
+        {"iso8859-9", 28599}, {"", 1252},         {"ANSI_", 1252},
+        {"ANSI_4711", 1252},  {"ANSI_500", 1252}, {"ANSI_99999999999", 1252},
+        {"Klingon", 1252}};
     for (auto [name, number] : names) {
         EXPECT_EQ(CodePage::FromDrawingName(name).Number(), number) << name;
     }
     EXPECT_THROW(CodePage(4711), std::invalid_argument);
+    EXPECT_THROW(CodePage(500), std::invalid_argument);
 }
 
 TEST(CodePage, KnowsLeadBytes) {

@@ -1,0 +1,221 @@
+// kelvara db: keeping of the dictionary.
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+
+#include "apps/cli/Csv.h"
+#include "apps/cli/Failure.h"
+#include "apps/cli/Output.h"
+#include "apps/cli/Session.h"
+#include "host/Dictionary.h"
+
+namespace cli {
+
+namespace {
+
+QString Url(const GeneralOptions& general) {
+    return QString::fromStdString(DatabaseUrlOf(general));
+}
+
+QStringList ToQt(const CsvRow& row) {
+    QStringList list;
+    for (const std::string& cell : row) list << QString::fromStdString(cell);
+    return list;
+}
+
+// One name a line, or the columns of a table's heading.
+QStringList ReadNames(const std::string& path) {
+    QStringList names;
+    for (const CsvRow& row : ReadCsv(path)) {
+        for (const std::string& cell : row) {
+            const QString name = QString::fromStdString(cell).trimmed();
+            if (!name.isEmpty()) names << name;
+        }
+    }
+    return names;
+}
+
+// The user's own folder for data is made when it is first needed; any other must be there.
+void MakeDefaultFolder(const GeneralOptions& general) {
+    if (NamesDatabase(general)) return;
+    QDir().mkpath(QFileInfo(host::ParseDatabaseUrl(Url(general)).file).path());
+}
+
+void Init(const GeneralOptions& general, const std::string& languagesFile) {
+    const QStringList names = languagesFile.empty() ? QStringList() : ReadNames(languagesFile);
+    MakeDefaultFolder(general);
+    host::Dictionary dictionary(Url(general), host::OnMissing::Create);
+    QStringList missing = names;
+    for (const host::Language& language : dictionary.Languages()) {
+        const QString& known = language.description;
+        erase_if(missing, [&](const QString& name) {
+            return name.compare(known, Qt::CaseInsensitive) == 0;
+        });
+    }
+    dictionary.AddLanguages(missing);
+    Output(general).Note("dictionary " + Url(general).toStdString() + " is ready, " +
+                         std::to_string(missing.size()) + " languages added");
+}
+
+void PrintLanguages(const GeneralOptions& general, const std::vector<host::Language>& languages) {
+    Table table({{"key", true}, {"name"}, {"use"}});
+    for (const host::Language& language : languages) {
+        table.Add({language.key.toStdString(), language.description.toStdString(),
+                   language.inUse ? "in use" : "not in use"});
+    }
+    Output output(general);
+    table.Print(output);
+    output.Finish();
+}
+
+CsvRow ToCsv(const QStringList& texts) {
+    CsvRow row;
+    for (const QString& text : texts) row.push_back(text.toStdString());
+    return row;
+}
+
+CsvRow HeaderOf(const host::Terms& terms) {
+    CsvRow header;
+    for (const host::Language& language : terms.languages) {
+        header.push_back(language.description.toStdString());
+    }
+    return header;
+}
+
+void PrintTerms(const GeneralOptions& general, const host::Terms& terms) {
+    std::vector<Table::Column> columns{{"key", true}};
+    for (const std::string& name : HeaderOf(terms)) columns.push_back({name});
+    Table table(std::move(columns));
+    for (const auto& term : terms.terms) {
+        CsvRow row = ToCsv(term.texts);
+        row.insert(row.begin(), std::to_string(term.key));
+        table.Add(std::move(row));
+    }
+    Output output(general);
+    table.Print(output);
+    output.Finish();
+}
+
+void ShowTerms(const GeneralOptions& general, const std::string& csvFile) {
+    const host::Terms terms = host::Dictionary(Url(general)).ReadTerms();
+    if (csvFile.empty()) return PrintTerms(general, terms);
+    CsvFile file(csvFile);
+    file.Add(HeaderOf(terms));
+    for (const auto& term : terms.terms) file.Add(ToCsv(term.texts));
+    file.Commit();
+    Output(general).Note(std::to_string(terms.terms.size()) + " terms written to " + csvFile);
+}
+
+QJsonArray ToJson(const std::vector<int>& rows) {
+    QJsonArray array;
+    for (const int row : rows) array.append(row);
+    return array;
+}
+
+std::string Listed(const std::vector<int>& rows) {
+    constexpr size_t kMost = 10;
+    std::string list = std::to_string(rows.size());
+    for (size_t i = 0; i < std::min(rows.size(), kMost); ++i) {
+        list += (i == 0 ? "  rows " : ", ") + std::to_string(rows[i]);
+    }
+    return rows.size() > kMost ? list + ", ..." : list;
+}
+
+void PrintImport(const GeneralOptions& general, const host::ImportReport& report) {
+    Output output(general);
+    if (output.Json()) {
+        output.Object({{"added", report.added},
+                       {"changed", report.changed},
+                       {"unchanged", report.unchanged},
+                       {"empty", ToJson(report.empty)},
+                       {"doubled", ToJson(report.doubled)},
+                       {"tooLong", ToJson(report.tooLong)}});
+    } else {
+        output.Line("added      " + std::to_string(report.added));
+        output.Line("changed    " + std::to_string(report.changed));
+        output.Line("unchanged  " + std::to_string(report.unchanged));
+        output.Line("empty      " + Listed(report.empty));
+        output.Line("doubled    " + Listed(report.doubled));
+        output.Line("too long   " + Listed(report.tooLong));
+    }
+    output.Finish();
+}
+
+void Import(const GeneralOptions& general, const std::string& csvFile) {
+    std::vector<CsvRow> rows = ReadCsv(csvFile);
+    if (rows.empty()) {
+        throw Error("the table " + csvFile +
+                    " is empty; its first row must hold the names of languages");
+    }
+    std::vector<QStringList> terms;
+    terms.reserve(rows.size() - 1);
+    for (size_t i = 1; i < rows.size(); ++i) terms.push_back(ToQt(rows[i]));
+    PrintImport(general, host::Dictionary(Url(general)).Import(ToQt(rows[0]), terms));
+}
+
+const char* NameOf(host::DictionaryFinding::Kind kind) {
+    using Kind = host::DictionaryFinding::Kind;
+    switch (kind) {
+        case Kind::DoubledSource:
+            return "doubled";
+        case Kind::EmptyText:
+            return "empty";
+        case Kind::TooLong:
+            return "too-long";
+        case Kind::LanguageKey:
+            return "language-key";
+        case Kind::MissingColumn:
+            return "missing-column";
+    }
+    return "other";
+}
+
+void Check(const GeneralOptions& general) {
+    Table table({{"finding"}, {"term", true}, {"language"}, {"text"}});
+    const auto findings = host::Dictionary(Url(general)).Check();
+    for (const host::DictionaryFinding& finding : findings) {
+        table.Add({NameOf(finding.kind), std::to_string(finding.term),
+                   finding.language.toStdString(), finding.text.toStdString()});
+    }
+    Output output(general);
+    table.Print(output);
+    output.Note(std::to_string(findings.size()) + " findings");
+    output.Finish();
+}
+
+}  // namespace
+
+void RegisterDb(CommandLine& line) {
+    CLI::App* db = line.app.add_subcommand("db", "Keeps the dictionary");
+    db->require_subcommand(1);
+    db->fallthrough();
+    auto file = std::make_shared<std::string>();
+    GeneralOptions& general = line.general;
+
+    line.Add(*db, "init", "Makes the tables where there are none, and the languages of a file",
+             [&general, file] { Init(general, *file); })
+        ->add_option("--languages", *file, "Names of languages, one a line; those there are stay");
+    line.Add(*db, "languages", "The languages: key, name, in use or not",
+             [&general] { PrintLanguages(general, host::Dictionary(Url(general)).Languages()); });
+    line.Add(*db, "add-language", "Adds a language under the next number",
+             [&general, file] {
+                 const host::Language added =
+                     host::Dictionary(Url(general)).AddLanguage(QString::fromStdString(*file));
+                 PrintLanguages(general, {added});
+             })
+        ->add_option("NAME", *file, "Its name")
+        ->required();
+    line.Add(*db, "terms", "All terms, one a line", [&general, file] { ShowTerms(general, *file); })
+        ->add_option("--to-csv", *file,
+                     "Write them to a file in place: UTF-8, with a header of language names");
+    line.Add(*db, "import",
+             "Takes terms from a table; rows whose first column is known are merged into the term",
+             [&general, file] { Import(general, *file); })
+        ->add_option("FILE", *file, "UTF-8 CSV with a header of language names; - reads stdin")
+        ->required();
+    line.Add(*db, "check",
+             "Doubled sources, empty texts, texts too long, language keys that are not 1 to n",
+             [&general] { Check(general); });
+}
+
+}  // namespace cli

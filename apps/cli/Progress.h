@@ -1,0 +1,37 @@
+// A bar on the terminal for work that takes a while.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "apps/cli/Options.h"
+
+namespace cli {
+
+// Draws nothing unless stderr is a terminal and the work has taken over a second. The bar is gone
+// when the object is. With --verbose the duration of each phase, and the
+// peak of the memory up to its end, are told.
+class Progress {
+  public:
+    explicit Progress(const GeneralOptions& options);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void Phase(const std::string& name);  // what is done from here on
+    void Reached(double fraction);        // of the phase, from 0 to 1
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    void Draw(double fraction);
+    void TellDuration() const;
+
+    bool shows, tells;
+    bool drawn = false;
+    std::string phase;
+    Clock::time_point begin = Clock::now();
+    Clock::time_point last = begin;
+    Clock::time_point phaseBegin = begin;
+};
+
+}  // namespace cli

@@ -1,0 +1,31 @@
+// Whether a text that was written stands in the drawing: some places pass a text over in silence.
+#pragma once
+
+#include "apps/cli/TranslationTable.h"
+#include "platform/drawing/DbDatabase.h"
+
+namespace cli {
+
+bool IsXdata(const traducaoTQ::ETraduzivel& object);  // a wire's or a virtual attribute's
+bool IsBlockText(const traducaoTQ::ETraduzivel& object);
+uint64_t HandleOf(const traducaoTQ::ETraduzivel& object);
+
+// Made before the text is written, asked afterwards.
+class ReadBack {
+  public:
+    ReadBack(const OdDbDatabase& drawing, const traducaoTQ::ETraduzivel& object,
+             const structExpressao& line);
+    bool Holds() const;
+
+  private:
+    size_t CountFields() const;  // of the object's xdata that say the translation, as it is written
+    bool BlockTextHolds() const;
+
+    const dxf::Store& store;
+    const traducaoTQ::ETraduzivel& object;
+    const structExpressao& line;
+    std::string field;  // a separator and the translation, encoded
+    size_t fieldsBefore = 0;
+};
+
+}  // namespace cli

@@ -1,0 +1,85 @@
+// Choice of the pages, and the two scans.
+#include "apps/cli/Scan.h"
+
+#include <algorithm>
+
+#include "apps/cli/Failure.h"
+#include "apps/cli/Output.h"
+#include "platform/text/Conversion.h"
+#include "translator/cad/CICad.h"
+#include "translator/engine/ITradCad.h"
+
+namespace cli {
+
+namespace {
+
+std::vector<std::u16string> ChosenPages(const std::vector<std::u16string>& layers,
+                                        const std::string& list) {
+    std::vector<std::u16string> pages;
+    for (const std::string& name : SplitList(list)) {
+        const std::u16string wide = Utf16(name);
+        if (std::find(layers.begin(), layers.end(), wide) == layers.end()) {
+            throw Error("the drawing has no page \"" + name +
+                        "\"; names are those of its layers, see 'kelvara pages'");
+        }
+        if (std::find(pages.begin(), pages.end(), wide) == pages.end()) pages.push_back(wide);
+    }
+    return pages;
+}
+
+// The layers that belong to chosen pages stand behind all of these, those of the last page first. A
+// layer that was chosen itself is not taken twice.
+void AddPageLayers(std::vector<std::u16string>& pages) {
+    std::vector<std::u16string> layers;
+    for (const std::u16string& page : pages) {
+        if (page.find(u'$') != std::u16string::npos) continue;
+        for (const char16_t* suffix : {u"$DE", u"$SELO", u"$FORMATO"}) {
+            const std::u16string layer = page + suffix;
+            if (std::find(pages.begin(), pages.end(), layer) == pages.end()) {
+                layers.push_back(layer);
+            }
+        }
+    }
+    pages.insert(pages.end(), layers.rbegin(), layers.rend());
+}
+
+}  // namespace
+
+std::vector<std::u16string> PagesOf(OdDbDatabase& drawing, bool withLayer0) {
+    std::vector<std::u16string> pages;
+    for (const TQString& layer : tq::CICad().GetLayers(&drawing)) {
+        const bool passedOver = (!withLayer0 && text::CompareNoCase(layer, u"0") == 0) ||
+                                text::CompareNoCase(layer, u"tq_freeze") == 0;
+        if (!passedOver) pages.push_back(layer);
+    }
+    return pages;
+}
+
+Scan::Scan(Session& session, const ScanOptions& options)
+    : session(session), options(options), pages(PagesOf(session.Drawing(), options.layer0)) {
+    if (SplitList(options.pages).empty()) return;
+    pages = ChosenPages(pages, options.pages);
+    AddPageLayers(pages);
+    const bool has0 = std::find(pages.begin(), pages.end(), u"0") != pages.end();
+    if (options.layer0 && !has0) pages.push_back(u"0");
+}
+
+traducaoTQ::ListaTraduziveis Scan::Run() const {
+    if (options.strict) return RunStrict();
+    traducaoTQ::ITradCad::Pedido request;
+    for (const std::u16string& page : pages) request.paginas.push_back(page);
+    request.atributos = !options.noAttributes;
+    request.textos = !options.noTexts;
+    request.incluirCamada0 = options.layer0;
+    return traducaoTQ::ITradCad().BuscarTraduziveisMistos(request);
+}
+
+// The scan of the commands, which asks for the pages through LISP: the session answers.
+traducaoTQ::ListaTraduziveis Scan::RunStrict() const {
+    session.AnswerPages(pages);
+    const bool attributes = !options.noAttributes, texts = !options.noTexts;
+    return traducaoTQ::ITradCad().BuscarTraduziveis(attributes, texts, attributes, texts, false,
+                                                    false, false);
+}
+
+}  // namespace cli

@@ -1,0 +1,58 @@
+// The host without a window around one drawing.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "apps/cli/Options.h"
+#include "host/Document.h"
+#include "platform/drawing/DbDatabase.h"
+
+namespace host {
+class Host;
+}
+
+namespace cli {
+
+// Its services are those that the engine works with as long as it lives; there is one at a time.
+class Session {
+  public:
+    explicit Session(const GeneralOptions& options);
+    ~Session();
+
+    // The dictionary that the options name. Throws host::Error when it cannot be used.
+    void OpenDatabase();
+
+    // Throws OdError or host::Error when the drawing cannot be read.
+    OdDbDatabase& OpenDrawing(const std::string& nativePath);
+    OdDbDatabase& OpenDrawing(OdDbDatabasePtr drawing, const std::string& nativePath);
+    OdDbDatabase& Drawing();  // once it is open
+    host::Document& Document();
+
+    // What a program of the document is answered when it asks the user for pages; all until then.
+    void AnswerPages(std::vector<std::u16string> pages);
+    // Where programs of the document print; nowhere until it is set.
+    void PrintTo(host::TextSink sink);
+
+    int ProjectLanguage();  // -1 until it is set
+    void SetProjectLanguage(int key);
+    // The language of a drawing that is too old to hold one.
+    void RememberLanguageOf(const std::string& nativePath, int key);
+
+  private:
+    GeneralOptions options;
+    std::optional<std::vector<std::u16string>> pages;
+    host::TextSink sink;
+    std::unique_ptr<host::Host> host;
+    host::Document* document = nullptr;
+};
+
+// Whether the options or the environment name a dictionary.
+bool NamesDatabase(const GeneralOptions& options);
+
+// The URL that a command works on: the option, $KELVARA_DATABASE, the settings, the user's folder.
+std::string DatabaseUrlOf(const GeneralOptions& options);
+
+}  // namespace cli

@@ -1,0 +1,26 @@
+// Texts of blocks that change places.
+#pragma once
+
+#include <unordered_set>
+
+#include "apps/cli/TranslationTable.h"
+
+namespace cli {
+
+// A text in a block is found by what it says. One that says what another is about to say would be
+// taken for that other one, so that it steps aside under a text that no drawing has, until it is
+// written itself.
+class StandIns {
+  public:
+    explicit StandIns(const traducaoTQ::ITabelaExpressoes::ListaExpressoes& translatedLines);
+
+    // Gives a text back that could not be written.
+    void PutBack(traducaoTQ::ETraduzivel& object, const structExpressao& line) const;
+
+  private:
+    void MoveAside(traducaoTQ::ETraduzivel& object);
+
+    std::unordered_set<const traducaoTQ::ETraduzivel*> moved;
+};
+
+}  // namespace cli

@@ -1,0 +1,117 @@
+// The writing of translations.
+#include "apps/cli/TextWriter.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "apps/cli/Output.h"
+#include "apps/cli/ReadBack.h"
+#include "apps/cli/StandIns.h"
+#include "platform/drawing/OdError.h"
+
+namespace cli {
+
+namespace {
+
+using traducaoTQ::ETraduzivel;
+
+// Every object is an object of one line: the lines own them from here on and give them up one line
+// after the other.
+class ObjectsOfLines {
+  public:
+    explicit ObjectsOfLines(TranslationTable& table) : lines(*table.table.expressoes) {
+        delete table.objects.release();  // the list, not the objects
+    }
+    ~ObjectsOfLines() {
+        for (const auto& line : lines) Destroy(*line);
+    }
+    ObjectsOfLines(const ObjectsOfLines&) = delete;
+    ObjectsOfLines& operator=(const ObjectsOfLines&) = delete;
+
+    void Destroy(structExpressao& line) {
+        for (const ETraduzivel* object : line.objetos) delete object;
+        std::vector<ETraduzivel*>().swap(line.objetos);
+    }
+
+    void DropUntranslatedLines() {
+        std::erase_if(lines, [this](const auto& line) {
+            if (IsTranslated(*line)) return false;
+            Destroy(*line);
+            return true;
+        });
+    }
+
+  private:
+    traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines;
+};
+
+class TextWriter {
+  public:
+    TextWriter(OdDbDatabase& drawing, const OnWritten& onWritten,
+               const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines)
+        : drawing(drawing), onWritten(onWritten), standIns(lines) {
+        size_t count = 0;
+        for (const auto& line : lines) count += line->objetos.size();
+        result.texts.reserve(count);
+    }
+
+    void Write(ETraduzivel& object, const structExpressao& line) {
+        // References of one block show the same text.
+        const TQString& key = object.GetChave();
+        if (IsBlockText(object) && !blockTexts.insert(key).second) return;
+        try {
+            const ReadBack place(drawing, object, line);
+            object.SetTexto(line.traducao);
+            if (!place.Holds()) return Report(object, line, ReasonNotFound(object));
+        } catch (const OdError& error) {
+            if (error.code() != eStringTooLong) throw;
+            standIns.PutBack(object, line);
+            return Report(object, line, error.description().narrowText());
+        }
+        result.texts.push_back({HandleOf(object), IsXdata(object), line.original, line.traducao});
+        if (onWritten) onWritten(object, line);
+    }
+
+    Written Take() { return std::move(result); }
+
+  private:
+    static const char* ReasonNotFound(const ETraduzivel& object) {
+        switch (object.GetTipo()) {
+            case traducaoTQ::TipoBlocoTexto:
+                return "not found again: the text in the block has blanks around it";
+            case traducaoTQ::TipoFio:
+                return "not found again: another string of the wire has the same first field";
+            default:
+                return "not found again in the data of its object";
+        }
+    }
+
+    void Report(const ETraduzivel& object, const structExpressao& line, const std::string& reason) {
+        result.unwritten.push_back({std::string(traducaoTQ::NomeTipo(object.GetTipo())),
+                                    Utf8(object.GetChave()), Utf8(line.original), reason});
+    }
+
+    OdDbDatabase& drawing;
+    const OnWritten& onWritten;
+    const StandIns standIns;
+    std::unordered_set<std::u16string> blockTexts;  // keys
+    Written result;
+};
+
+}  // namespace
+
+Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
+                   Progress& progress) {
+    ObjectsOfLines objects(table);
+    objects.DropUntranslatedLines();
+    TextWriter writer(drawing, onWritten, table.Lines());
+    size_t done = 0;
+    for (const auto& line : table.Lines()) {
+        for (ETraduzivel* object : line->objetos) writer.Write(*object, *line);
+        objects.Destroy(*line);
+        progress.Reached(static_cast<double>(++done) / static_cast<double>(table.Lines().size()));
+    }
+    return writer.Take();
+}
+
+}  // namespace cli

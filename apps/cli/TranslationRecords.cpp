@@ -1,0 +1,52 @@
+// Recording of written texts.
+#include "apps/cli/TranslationRecords.h"
+
+#include <algorithm>
+
+#include "host/Project.h"
+#include "translator/engine/RegistrosTraducao.h"
+
+namespace cli {
+
+namespace {
+
+using structTermo = traducaoTQ::IBDIdiomas::structTermo;
+
+const TQString* RecordOf(const traducaoTQ::RegistrosObjeto& records, const TQString& key) {
+    const auto found = std::find_if(records.begin(), records.end(),
+                                    [&](const auto& record) { return record.first == key; });
+    return found == records.end() || found->second.IsEmpty() ? nullptr : &found->second;
+}
+
+structTermo TermOf(const TranslationTable& table, const TQString& key,
+                   const structExpressao& line) {
+    const auto records = traducaoTQ::ReadObjectRecords(key);
+    structTermo term = *line.termo;
+    size_t column = 0;
+    for (const Language& language : table.languages) {
+        if (!InUse(language)) continue;
+        TQString& text = term.translations.at(column++);
+        if (language.key == table.from.key) {
+            text = line.original;
+        } else if (language.key == table.to->key) {
+            text = line.traducao;
+        } else if (const TQString* recorded = RecordOf(*records, language.key)) {
+            text = *recorded;
+        }
+    }
+    return term;
+}
+
+}  // namespace
+
+void RecordText(const TranslationTable& table, const traducaoTQ::ETraduzivel& object,
+                const structExpressao& line) {
+    const TQString& key = object.GetChave();
+    traducaoTQ::SaveTermRecords(key, TermOf(table, key, line), table.languages);
+}
+
+std::vector<std::u16string> RecordKeys() {
+    return {traducaoTQ::VRN_TQ_OBJS_TRADS, host::kProjectDictionary};
+}
+
+}  // namespace cli

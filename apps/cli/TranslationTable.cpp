@@ -1,0 +1,88 @@
+// Grouping and matching for the commands.
+#include "apps/cli/TranslationTable.h"
+
+#include <malloc.h>
+
+#include <future>
+
+#include "apps/cli/Failure.h"
+#include "apps/cli/Output.h"
+#include "platform/text/Conversion.h"
+
+namespace cli {
+
+namespace {
+
+using structTraducoes = traducaoTQ::IBDIdiomas::structTraducoes;
+
+void KeepColumns(structTraducoes& dictionary, const std::vector<TQString>& languages) {
+    std::vector<size_t> columns;
+    for (const TQString& language : languages) {
+        const auto found =
+            std::find(dictionary.languages.begin(), dictionary.languages.end(), language);
+        if (found == dictionary.languages.end()) return;
+        columns.push_back(static_cast<size_t>(found - dictionary.languages.begin()));
+    }
+    dictionary.languages = languages;
+    for (auto& term : dictionary.terms) {
+        std::vector<TQString> kept;
+        kept.reserve(columns.size());
+        for (const size_t column : columns) kept.push_back(std::move(term.translations[column]));
+        term.translations = std::move(kept);
+    }
+}
+
+void ChooseLanguages(TranslationTable& table, const LanguageOptions& options, int projectLanguage) {
+    const Languages languages;
+    table.languages = languages.All();
+    table.from = languages.Source(options.from, projectLanguage);
+    if (!options.to.empty()) table.to = languages.Find(options.to);
+    if (table.to && table.to->key == table.from.key) {
+        throw Error("source and target are both " + Utf8(table.from.descr) +
+                    "; name two languages with --from and --to");
+    }
+}
+
+}  // namespace
+
+TranslationTable ReadDictionaryAndDrawing(Session& session, const std::string& drawing) {
+    auto reading = std::async(std::launch::async, [&] { return OdDbDatabase::readFile(drawing); });
+    TranslationTable table;
+    session.OpenDatabase();
+    Languages();  // a dictionary without any is an error
+    table.table.traducoes = traducaoTQ::IBDIdiomas().GetTerms();
+    session.OpenDrawing(reading.get(), drawing);
+    malloc_trim(0);  // the rows that the terms were made of
+    return table;
+}
+
+void FillTable(TranslationTable& table, Session& session, const Scan& scan,
+               const LanguageOptions& options, Keep keep) {
+    ChooseLanguages(table, options, session.ProjectLanguage());
+    if (keep == Keep::SourceAndTarget && table.to && table.table.traducoes) {
+        KeepColumns(*table.table.traducoes, {table.from.descr, table.to->descr});
+    }
+    table.objects = scan.Run();
+    table.table.AgruparExpressoes(*table.objects);
+    table.table.AtualizarExpressoes(
+        table.from.descr, table.to ? std::optional<TQString>(table.to->descr) : std::nullopt);
+}
+
+const char* StateOf(const structExpressao& line) {
+    switch (line.estado) {
+        case traducaoTQ::Automatica:
+            return "automatic";
+        case traducaoTQ::Manual:
+            return "manual";
+        case traducaoTQ::Importado:
+            return "imported";
+        default:
+            return "untranslated";
+    }
+}
+
+bool IsTranslated(const structExpressao& line) {
+    return line.estado != traducaoTQ::NaoTraduzido && !text::TrimLeft(line.traducao).empty();
+}
+
+}  // namespace cli

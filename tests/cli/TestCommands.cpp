@@ -1,0 +1,141 @@
+// The commands one by one: what they print and with which status they end.
+#include "tests/cli/CliRun.h"
+#include "tests/cli/SampleDrawing.h"
+
+namespace {
+
+struct Case {
+    const char* name;
+    QStringList arguments;
+    int status;
+    const char* out;  // the whole of it
+    const char* err;  // what stands in it
+};
+
+std::string Name(const testing::TestParamInfo<Case>& info) { return info.param.name; }
+
+class Command : public CliTest, public testing::WithParamInterface<Case> {
+  protected:
+    void SetUp() override { Write("in.dxf", SampleDrawing()); }
+};
+
+TEST_P(Command, PrintsAndEnds) {
+    const Case& c = GetParam();
+    const CliResult result = Run(c.arguments);
+    EXPECT_EQ(result.status, c.status);
+    EXPECT_EQ(result.out, c.out);
+    EXPECT_NE(result.err.find(c.err), std::string::npos) << result.err;
+    if (c.status == 1) {
+        EXPECT_TRUE(IsOneErrorLine(result.err)) << result.err;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cli, Command,
+    testing::Values(
+        Case{"NoCommand", {}, 2, "", "subcommand is required"},
+        Case{"UnknownCommand", {"frobnicate"}, 2, "", "kelvara: "},
+        Case{"UnknownOption", {"info", "in.dxf", "--frobnicate"}, 2, "", "--frobnicate"},
+        Case{"MissingDrawing", {"info"}, 2, "", "DRAWING is required"},
+        Case{"TranslateWithoutTarget", {"translate", "in.dxf"}, 2, "", "--to is required"},
+        Case{"StrictAndLayer0", {"texts", "in.dxf", "--strict", "--layer-0"}, 2, "", "excludes"},
+        Case{"Version", {"--version"}, 0, "kelvara 0.1.0\n", ""},
+        Case{"Pages", {"pages", "in.dxf"}, 0, "P1    6  7\nP2    2  3\n", ""},
+        Case{"PagesJson",
+             {"pages", "in.dxf", "--json"},
+             0,
+             "[\n{\"description\":\"\",\"entities\":6,\"name\":\"P1\",\"texts\":7},\n"
+             "{\"description\":\"\",\"entities\":2,\"name\":\"P2\",\"texts\":3}\n]\n",
+             ""},
+        Case{"TextsOfAPage",
+             {"texts", "in.dxf", "--pages", "P2"},
+             0,
+             "block-text\t20\tBomba\nblock-text\t21\tMotor\ntext\t38\tMotor\n"
+             "virtual-attribute\t52_V\tSinal\n",
+             ""},
+        Case{"AttributesAlone",
+             {"texts", "in.dxf", "--no-texts"},
+             0,
+             "attribute\t33\tMotor\nwire\t35\tCabo\nvirtual-attribute\t52_V\tSinal\n",
+             ""},
+        Case{"TextsAlone",
+             {"texts", "in.dxf", "--no-attributes", "--pages", "P2", "--quiet"},
+             0,
+             "block-text\t20\tBomba\nblock-text\t21\tMotor\ntext\t38\tMotor\n"
+             "virtual-attribute\t52_V\tSinal\n",
+             ""},
+        Case{"UnknownPage", {"texts", "in.dxf", "--pages", "P9"}, 1, "", "no page \"P9\""},
+        Case{"StrictPageWithATextFails",
+             {"texts", "in.dxf", "--strict", "--pages", "P2"},
+             1,
+             "",
+             "38"},
+        Case{"StrictWithoutAttributesPasses",
+             {"texts", "in.dxf", "--strict", "--no-attributes", "--pages", "P2"},
+             0,
+             "block-text\t20\tBomba\nblock-text\t21\tMotor\ntext\t38\tMotor\n"
+             "virtual-attribute\t52_V\tSinal\n",
+             ""},
+        Case{"ProjectWithoutLanguage", {"project", "in.dxf"}, 0, "not set\n", ""},
+        Case{"OutputWithoutLanguage", {"project", "in.dxf", "-o", "x.dxf"}, 2, "", "--language"},
+        Case{"Info",
+             {"info", "in.dxf"},
+             0,
+             "format             ASCII DXF\nversion            R2000 (AC1015)\n"
+             "code page          ANSI_1252\nproject language   not set\n"
+             "recorded languages none\npages              P1, P2\nentities\n  ATTRIB 1\n"
+             "  INSERT 2\n  LINE 1\n  LWPOLYLINE 1\n  MTEXT 1\n  TEXT 3\nfindings           0\n",
+             ""},
+        Case{"LispPrints",
+             {"run", "in.dxf", "--lisp", "(princ (tq_seleciona_paginas))"},
+             0,
+             "(P1 P2)",
+             ""}),
+    Name);
+
+class Db : public CliTest {
+  protected:
+    void SetUp() override {
+        MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n\"a;\"\"b\"\"\",x,\n");
+    }
+    CliResult Db_(const QStringList& arguments) {
+        return Run(QStringList{"db", "--database", "sqlite:d.sqlite"} + arguments);
+    }
+};
+
+TEST_F(Db, LanguagesAndTermsComeBackAsTheyWent) {
+    EXPECT_EQ(Db_({"languages"}).out,
+              "1  Português  in use\n2  English    in use\n3  Deutsch    in use\n");
+    EXPECT_EQ(Db_({"add-language", "Français"}).out, "4  Français  in use\n");
+    EXPECT_EQ(Db_({"terms", "--to-csv", "out.csv"}).status, 0);
+    EXPECT_EQ(Read("out.csv"),
+              "Português,English,Deutsch,Français\r\nMotor,Motor,Antrieb,\r\n"
+              "\"a;\"\"b\"\"\",x,,\r\n");
+    const CliResult again = Db_({"import", "out.csv", "--json"});
+    EXPECT_NE(again.out.find("\"added\": 0"), std::string::npos) << again.out;
+    EXPECT_NE(again.out.find("\"unchanged\": 2"), std::string::npos) << again.out;
+}
+
+TEST_F(Db, ImportMergesByTheFirstColumnAndReports) {
+    Write("more.csv", "Português,Deutsch\r\nMotor,Motor\r\nBomba,Pumpe\r\n,leer\r\nBomba,P2\r\n" +
+                          std::string(251, 'x') + ",lang\r\n");
+    const CliResult result = Db_({"import", "more.csv"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(result.out,
+              "added      1\nchanged    1\nunchanged  0\nempty      1  rows 3\n"
+              "doubled    1  rows 4\ntoo long   1  rows 5\n");
+}
+
+TEST_F(Db, InitAgainKeepsWhatIsThere) {
+    EXPECT_EQ(Db_({"init", "--languages", "languages.txt"}).status, 0);
+    EXPECT_EQ(Db_({"terms"}).out, "1  Motor  Motor  Antrieb\n2  a;\"b\"  x      \n");
+}
+
+TEST_F(Db, CheckNamesWhatIsWrong) {
+    const CliResult result = Db_({"check"});
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_NE(result.out.find("empty"), std::string::npos) << result.out;
+    EXPECT_NE(result.err.find("1 findings"), std::string::npos) << result.err;
+}
+
+}  // namespace

@@ -1,0 +1,91 @@
+// Real drawings: copies are the same byte for byte, and the texts are those that an independent
+// reader finds.
+#include <QFileInfo>
+#include <sstream>
+
+#include "tests/cli/CliRun.h"
+
+namespace {
+
+class RealDrawings : public CliTest {
+  protected:
+    // Tells of every line in which the two differ; a key that the reader does not have is "-".
+    void ExpectSameTexts(const QString& drawing, const QStringList& options);
+
+    int compared = 0;
+};
+
+std::vector<std::string> LinesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+std::string WithoutKey(const std::string& line) {
+    const size_t key = line.find('\t'), text = line.find('\t', key + 1);
+    return line.substr(0, key) + "\t-" + line.substr(text);
+}
+
+bool Agree(const std::string& ours, const std::string& theirs) {
+    return ours == theirs ||
+           (theirs.find("\t-\t") != std::string::npos && WithoutKey(ours) == theirs);
+}
+
+// Some drawings are too broken for it.
+bool IsReadByEzdxf(const QString& drawing) {
+    return QProcess::execute("/usr/bin/python3",
+                             {"-c",
+                              "import ezdxf, sys\ntry: ezdxf.readfile(sys.argv[1])\n"
+                              "except Exception: sys.exit(1)",
+                              drawing}) == 0;
+}
+
+void RealDrawings::ExpectSameTexts(const QString& drawing, const QStringList& options) {
+    if (!IsReadByEzdxf(drawing)) return;
+    QProcess reader;
+    reader.start("/usr/bin/python3",
+                 QStringList{KV_SOURCE_DIR "/tests/tools/extract_texts.py", drawing} + options);
+    ASSERT_TRUE(reader.waitForFinished(300000));
+    ASSERT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().toStdString();
+    const CliResult result = Run(QStringList{"texts", drawing} + options);
+    ASSERT_EQ(result.status, 0) << result.err;
+    const auto ours = LinesOf(result.out);
+    const auto theirs = LinesOf(reader.readAllStandardOutput().toStdString());
+    ASSERT_EQ(ours.size(), theirs.size());
+    for (size_t i = 0; i < ours.size(); ++i) {
+        ASSERT_TRUE(Agree(ours[i], theirs[i])) << ours[i] << "\n" << theirs[i];
+    }
+    ++compared;
+}
+
+TEST_F(RealDrawings, AreCopiedByteForByte) {
+    int refused = 0;
+    for (const QString& drawing : Drawings()) {
+        SCOPED_TRACE(drawing.toStdString());
+        const CliResult result = Run({"copy", drawing, "copy.dxf"});
+        if (result.status == 0) {
+            EXPECT_TRUE(Read("copy.dxf") == ReadFile(drawing.toStdString()));
+        } else {
+            EXPECT_TRUE(IsOneErrorLine(result.err)) << result.err;
+            ++refused;
+        }
+    }
+    EXPECT_LE(refused, 3);
+}
+
+class TextsOfRealDrawings : public RealDrawings, public testing::WithParamInterface<QStringList> {};
+
+TEST_P(TextsOfRealDrawings, AreThoseOfAnIndependentReader) {
+    for (const QString& drawing : Drawings()) {
+        SCOPED_TRACE(drawing.toStdString());
+        ExpectSameTexts(drawing, GetParam());
+    }
+    EXPECT_GE(compared, 4);
+    RecordProperty("compared", compared);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cli, TextsOfRealDrawings,
+                         testing::Values(QStringList{}, QStringList{"--layer-0"}));
+
+}  // namespace

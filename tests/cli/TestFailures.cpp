@@ -1,0 +1,203 @@
+// Everything that can go wrong: one clear line, status 1, and nothing written or lost.
+#include <sys/resource.h>
+#include <csignal>
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+
+#include "tests/cli/CliRun.h"
+#include "tests/cli/SampleDrawing.h"
+
+namespace {
+
+struct Case {
+    const char* name;
+    QStringList arguments;
+    const char* err;  // what the line says
+};
+
+class Failure : public CliTest, public testing::WithParamInterface<Case> {
+  protected:
+    void SetUp() override {
+        const std::string sample = SampleDrawing();
+        Write("in.dxf", sample);
+        Write("old.dxf", "what was there before");
+        Write("empty.dxf", "");
+        Write("truncated.dxf", sample.substr(0, sample.find("ENTITIES") - 2));
+        Write("damaged.dxf", Replaced(sample, "\n2.50\n", "\n"));
+        Write("foreign.dxf", "\x89PNG\r\n\x1a\n" + std::string(500, '\0'));
+        Write("drawing.dwg", "AC1032" + std::string(500, '\0'));
+        Write("noise.sqlite", std::string(5000, 'n'));
+        MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
+        MakeForeignDatabase();
+    }
+
+    void MakeForeignDatabase() {
+        {
+            QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "foreign");
+            database.setDatabaseName(QString::fromStdString(Path("foreign.sqlite")));
+            ASSERT_TRUE(database.open());
+            ASSERT_TRUE(QSqlQuery(database).exec("create table ORDERS (ID integer)"));
+        }
+        QSqlDatabase::removeDatabase("foreign");
+    }
+};
+
+TEST_P(Failure, IsOneLineAndTouchesNothing) {
+    const QStringList before = Files();
+    const CliResult result = Run(GetParam().arguments);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_TRUE(IsOneErrorLine(result.err)) << result.err;
+    EXPECT_NE(result.err.find(GetParam().err), std::string::npos) << result.err;
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(Files(), before);
+    EXPECT_EQ(Read("in.dxf"), SampleDrawing());
+    EXPECT_EQ(Read("old.dxf"), "what was there before");
+}
+
+QStringList Translating(const QString& drawing, const QString& output,
+                        const QString& database = "sqlite:d.sqlite") {
+    return {"translate", drawing, "--to", "Deutsch", "-o", output, "--database", database};
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cli, Failure,
+    testing::Values(
+        Case{"NoSuchDrawing", {"info", "none.dxf"}, "none.dxf"},
+        Case{"DrawingIsAFolder", {"info", "."}, "."},
+        Case{"Empty", Translating("empty.dxf", "old.dxf"), "empty.dxf"},
+        Case{"Truncated", Translating("truncated.dxf", "old.dxf"), "truncated.dxf"},
+        Case{"Damaged", Translating("damaged.dxf", "old.dxf"), "not safely edited"},
+        Case{"Foreign", Translating("foreign.dxf", "old.dxf"), "foreign.dxf"},
+        Case{"Dwg", Translating("drawing.dwg", "old.dxf"), "DWG"},
+        Case{"MissingFolder", Translating("in.dxf", "none/out.dxf"), "none"},
+        Case{"TargetIsAFolder", Translating("in.dxf", "/"), "/"},
+        Case{"TargetCannotBeWritten", Translating("in.dxf", "/sys/out.dxf"), "/sys/out.dxf"},
+        Case{"CsvCannotBeWritten",
+             Translating("in.dxf", "old.dxf") + QStringList{"--csv", "/sys/x"}, "/sys/x"},
+        Case{"UnknownTarget",
+             {"translate", "in.dxf", "--to", "Klingon", "--database", "sqlite:d.sqlite"},
+             "1 Português, 2 English, 3 Deutsch"},
+        Case{"SourceIsTarget",
+             {"lines", "in.dxf", "--to", "1", "--database", "sqlite:d.sqlite"},
+             "both Português"},
+        Case{"ProjectToAnUnknownLanguage",
+             {"project", "in.dxf", "--language", "Klingon", "-o", "old.dxf"},
+             "Klingon"},
+        Case{"ImportOfNoFile",
+             {"db", "import", "none.csv", "--database", "sqlite:d.sqlite"},
+             "none.csv"},
+        Case{"NoDatabase", Translating("in.dxf", "old.dxf", "sqlite:none.sqlite"), "none.sqlite"},
+        Case{"DatabaseInNoFolder", {"db", "init", "--database", "sqlite:none/d.sqlite"}, "none"},
+        Case{"DatabaseIsNoise", Translating("in.dxf", "old.dxf", "sqlite:noise.sqlite"),
+             "noise.sqlite"},
+        Case{"DatabaseOfAnotherProgram", Translating("in.dxf", "old.dxf", "sqlite:foreign.sqlite"),
+             "foreign.sqlite"},
+        Case{"InitOfAForeignDatabase",
+             {"db", "init", "--database", "sqlite:foreign.sqlite"},
+             "foreign.sqlite"},
+        Case{"Postgres", {"db", "languages", "--database", "postgresql://a@b/c"}, "postgresql"},
+        Case{"LispError", {"run", "in.dxf", "--lisp", "(+ 1 \"a\")"}, "expression failed"},
+        Case{"EndlessRecursion",
+             {"run", "in.dxf", "--lisp", "(progn (defun f (x) (+ 1 (f x))) (f 1))"},
+             "expression failed"}),
+    [](const auto& info) { return info.param.name; });
+
+class Hardship : public CliTest {
+  protected:
+    // Some megabytes, so that a save takes a while.
+    std::string BigDrawing() {
+        std::string texts;
+        for (int i = 0; i < 200000; ++i) {
+            texts += "0 TEXT\n5 " + QString::number(0x1000 + i, 16).toStdString() +
+                     "\n8 P1\n40 2.5\n1 Motor\n";
+        }
+        return Replaced(SampleDrawing(), Groups("0 INSERT\n5 37"),
+                        Groups(texts + "0 INSERT\n5 37"));
+    }
+};
+
+TEST_F(Hardship, AFullDiskLeavesTheOldFile) {
+    Write("big.dxf", BigDrawing());
+    Write("out.dxf", "what was there before");
+    QProcess process;
+    process.setChildProcessModifier([] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{1 << 20, 1 << 20};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    });
+    Start(process, {"copy", "big.dxf", "out.dxf"});
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(IsOneErrorLine(process.readAllStandardError().toStdString()));
+    EXPECT_EQ(Files(), (QStringList{"big.dxf", "out.dxf"}));
+    EXPECT_EQ(Read("out.dxf"), "what was there before");
+}
+
+TEST_F(Hardship, AResultThatCannotBeWrittenIsAFailure) {
+    Write("in.dxf", SampleDrawing());
+    QProcess process;
+    process.setStandardOutputFile("/dev/full");
+    Start(process, {"texts", "in.dxf"});
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(IsOneErrorLine(process.readAllStandardError().toStdString()));
+}
+
+TEST_F(Hardship, AProgramKilledDuringASaveLeavesTheOldFileOrTheNewOne) {
+    const std::string old = "what was there before", big = BigDrawing();
+    Write("big.dxf", big);
+    int replaced = 0;
+    for (int milliseconds = 1; milliseconds < 200; milliseconds += 12) {
+        Write("out.dxf", old);
+        QProcess process;
+        Start(process, {"copy", "big.dxf", "out.dxf"});
+        if (!process.waitForFinished(milliseconds)) process.kill();
+        process.waitForFinished();
+        const std::string now = Read("out.dxf");
+        ASSERT_TRUE(now == old || now == big) << now.size();
+        replaced += now == big;
+    }
+    EXPECT_LT(replaced, 17) << "no run was killed before its end";
+}
+
+TEST_F(Hardship, ALockedDictionaryIsAMessage) {
+    MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
+    {
+        QSqlDatabase other = QSqlDatabase::addDatabase("QSQLITE", "other");
+        other.setDatabaseName(QString::fromStdString(Path("d.sqlite")));
+        ASSERT_TRUE(other.open());
+        ASSERT_TRUE(QSqlQuery(other).exec("begin exclusive"));
+        const CliResult result = Run({"db", "languages", "--database", "sqlite:d.sqlite"});
+        EXPECT_EQ(result.status, 1);
+        EXPECT_TRUE(IsOneErrorLine(result.err)) << result.err;
+        EXPECT_NE(result.err.find("locked"), std::string::npos) << result.err;
+    }
+    QSqlDatabase::removeDatabase("other");
+}
+
+TEST_F(Hardship, AnEndlessLoopCanBeInterrupted) {
+    Write("in.dxf", SampleDrawing());
+    QProcess process;
+    Start(process, {"run", "in.dxf", "--lisp", "(progn (princ \"go\") (while t nil))"});
+    ASSERT_TRUE(process.waitForReadyRead());
+    ASSERT_EQ(process.readAllStandardOutput(), "go");
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_TRUE(IsOneErrorLine(process.readAllStandardError().toStdString()));
+}
+
+// Deeper than any stack: whether the list is printed or refused, the program ends by itself.
+TEST_F(Hardship, AListNestedAMillionDeepIsNoCrash) {
+    Write("in.dxf", SampleDrawing());
+    const CliResult result =
+        Run({"run", "in.dxf", "--lisp",
+             "(progn (setq x nil) (repeat 1000000 (setq x (cons x nil))) (princ (equal x x)))"});
+    EXPECT_TRUE(result.status == 0 || (result.status == 1 && IsOneErrorLine(result.err)))
+        << result.status << ' ' << result.err;
+    EXPECT_TRUE(result.out == "T" || result.status == 1) << result.out;
+}
+
+}  // namespace
