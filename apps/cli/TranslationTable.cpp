@@ -34,7 +34,6 @@ void KeepColumns(structTraducoes& dictionary, const std::vector<TQString>& langu
 
 void ChooseLanguages(TranslationTable& table, const LanguageOptions& options, int projectLanguage) {
     const Languages languages;
-    table.languages = languages.All();
     table.from = languages.Source(options.from, projectLanguage);
     if (!options.to.empty()) table.to = languages.Find(options.to);
     if (table.to && table.to->key == table.from.key) {
@@ -49,7 +48,7 @@ TranslationTable ReadDictionaryAndDrawing(Session& session, const std::string& d
     auto reading = std::async(std::launch::async, [&] { return OdDbDatabase::readFile(drawing); });
     TranslationTable table;
     session.OpenDatabase();
-    Languages();  // a dictionary without any is an error
+    table.languages = Languages().All();
     table.table.traducoes = traducaoTQ::IBDIdiomas().GetTerms();
     session.OpenDrawing(reading.get(), drawing);
     malloc_trim(0);  // the rows that the terms were made of

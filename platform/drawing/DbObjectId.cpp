@@ -28,7 +28,7 @@ uint64_t leadingHexadecimal(const Char* digits) {
 
 template <class Char>
 void putHexadecimal(uint64_t value, Char* buffer) {
-    char digits[16];
+    char digits[16] = {};
     const char* end = std::to_chars(digits, digits + sizeof digits, value, 16).ptr;
     for (const char* p = digits; p != end; ++p) {
         *buffer++ = static_cast<Char>(*p >= 'a' ? *p - 'a' + 'A' : *p);

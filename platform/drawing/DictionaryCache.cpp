@@ -74,6 +74,7 @@ std::vector<const DictionaryEntries::Entry*> DictionaryEntries::standing(bool so
         return sorted ? a.first < b.first : a.second < b.second;
     });
     std::vector<const Entry*> result;
+    result.reserve(found.size());
     for (const auto& [folded, entry] : found) result.push_back(entry);
     return result;
 }

@@ -25,7 +25,7 @@ template <class E, class... Argumentos>
 void Acrescentar(ListaTraduziveis& lista, Argumentos&&... argumentos) {
     auto novo = std::make_unique<E>(std::forward<Argumentos>(argumentos)...);
     lista->push_back(novo.get());
-    novo.release();
+    static_cast<void>(novo.release());  // the list has it
 }
 
 }  // namespace traducaoTQ

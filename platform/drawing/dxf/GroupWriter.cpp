@@ -132,7 +132,7 @@ GroupWriter& GroupWriter::Double(int code, double value) {
 }
 
 GroupWriter& GroupWriter::Handle(int code, uint64_t handle) {
-    char text[17];
+    char text[17] = {};
     const auto result = std::to_chars(text, text + sizeof text, handle, 16);
     for (char* c = text; c != result.ptr; ++c)
         if (*c >= 'a') *c = char(*c - 'a' + 'A');
