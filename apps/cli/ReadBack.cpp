@@ -20,9 +20,8 @@ bool IsBlockText(const ETraduzivel& object) {
 
 uint64_t HandleOf(const ETraduzivel& object) { return OdDbHandle(object.GetChave().c_str()); }
 
-ReadBack::ReadBack(const OdDbDatabase& drawing, const ETraduzivel& object,
-                   const structExpressao& line)
-    : store(drawing.store()), object(object), line(line) {
+ReadBack::ReadBack(const dxf::Store& store, const ETraduzivel& object, const structExpressao& line)
+    : store(store), object(object), line(line) {
     if (!IsXdata(object)) return;
     field = store.Codec().Encode(traducaoTQ::SEPARADOR_CAMPOS + line.traducao);
     fieldsBefore = CountFields();

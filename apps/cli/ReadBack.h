@@ -2,7 +2,7 @@
 #pragma once
 
 #include "apps/cli/TranslationTable.h"
-#include "platform/drawing/DbDatabase.h"
+#include "platform/drawing/dxf/Store.h"
 
 namespace cli {
 
@@ -13,7 +13,7 @@ uint64_t HandleOf(const traducaoTQ::ETraduzivel& object);
 // Made before the text is written, asked afterwards.
 class ReadBack {
   public:
-    ReadBack(const OdDbDatabase& drawing, const traducaoTQ::ETraduzivel& object,
+    ReadBack(const dxf::Store& store, const traducaoTQ::ETraduzivel& object,
              const structExpressao& line);
     bool Holds() const;
 

@@ -27,22 +27,6 @@ std::vector<std::u16string> ChosenPages(const std::vector<std::u16string>& layer
     return pages;
 }
 
-// The layers that belong to chosen pages stand behind all of these, those of the last page first. A
-// layer that was chosen itself is not taken twice.
-void AddPageLayers(std::vector<std::u16string>& pages) {
-    std::vector<std::u16string> layers;
-    for (const std::u16string& page : pages) {
-        if (page.find(u'$') != std::u16string::npos) continue;
-        for (const char16_t* suffix : {u"$DE", u"$SELO", u"$FORMATO"}) {
-            const std::u16string layer = page + suffix;
-            if (std::find(pages.begin(), pages.end(), layer) == pages.end()) {
-                layers.push_back(layer);
-            }
-        }
-    }
-    pages.insert(pages.end(), layers.rbegin(), layers.rend());
-}
-
 }  // namespace
 
 std::vector<std::u16string> PagesOf(OdDbDatabase& drawing, bool withLayer0) {
@@ -59,7 +43,7 @@ Scan::Scan(Session& session, const ScanOptions& options)
     : session(session), options(options), pages(PagesOf(session.Drawing(), options.layer0)) {
     if (SplitList(options.pages).empty()) return;
     pages = ChosenPages(pages, options.pages);
-    AddPageLayers(pages);
+    withPageLayers = true;
     const bool has0 = std::find(pages.begin(), pages.end(), u"0") != pages.end();
     if (options.layer0 && !has0) pages.push_back(u"0");
 }
@@ -70,6 +54,7 @@ traducaoTQ::ListaTraduziveis Scan::Run() const {
     for (const std::u16string& page : pages) request.paginas.push_back(page);
     request.atributos = !options.noAttributes;
     request.textos = !options.noTexts;
+    request.camadasDePagina = withPageLayers;
     request.incluirCamada0 = options.layer0;
     return traducaoTQ::ITradCad().BuscarTraduziveisMistos(request);
 }
@@ -79,7 +64,7 @@ traducaoTQ::ListaTraduziveis Scan::RunStrict() const {
     session.AnswerPages(pages);
     const bool attributes = !options.noAttributes, texts = !options.noTexts;
     return traducaoTQ::ITradCad().BuscarTraduziveis(attributes, texts, attributes, texts, false,
-                                                    false, false);
+                                                    false, withPageLayers);
 }
 
 }  // namespace cli

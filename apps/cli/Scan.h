@@ -14,7 +14,6 @@ class Scan {
     Scan(Session& session, const ScanOptions& options);
 
     traducaoTQ::ListaTraduziveis Run() const;  // the same result as long as the drawing is the same
-    const std::vector<std::u16string>& Pages() const { return pages; }
 
   private:
     traducaoTQ::ListaTraduziveis RunStrict() const;
@@ -22,6 +21,7 @@ class Scan {
     Session& session;
     ScanOptions options;
     std::vector<std::u16string> pages;
+    bool withPageLayers = false;
 };
 
 // The layers of a drawing that are pages.

@@ -11,6 +11,7 @@ namespace {
 
 std::vector<std::u16string> NamesOf(const std::vector<host::Page>& pages) {
     std::vector<std::u16string> names;
+    names.reserve(pages.size());
     for (const host::Page& page : pages) names.push_back(page.name);
     return names;
 }

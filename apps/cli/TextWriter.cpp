@@ -49,7 +49,7 @@ class TextWriter {
   public:
     TextWriter(OdDbDatabase& drawing, const OnWritten& onWritten,
                const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines)
-        : drawing(drawing), onWritten(onWritten), standIns(lines) {
+        : store(drawing.store()), onWritten(onWritten), standIns(lines) {
         size_t count = 0;
         for (const auto& line : lines) count += line->objetos.size();
         result.texts.reserve(count);
@@ -60,7 +60,7 @@ class TextWriter {
         const TQString& key = object.GetChave();
         if (IsBlockText(object) && !blockTexts.insert(key).second) return;
         try {
-            const ReadBack place(drawing, object, line);
+            const ReadBack place(store, object, line);
             object.SetTexto(line.traducao);
             if (!place.Holds()) return Report(object, line, ReasonNotFound(object));
         } catch (const OdError& error) {
@@ -69,7 +69,8 @@ class TextWriter {
             return Report(object, line, error.description().narrowText());
         }
         result.texts.push_back({HandleOf(object), IsXdata(object), line.original, line.traducao});
-        if (onWritten) onWritten(object, line);
+        const std::string remark = onWritten ? onWritten(object, line) : std::string();
+        if (!remark.empty()) Report(object, line, remark);
     }
 
     Written Take() { return std::move(result); }
@@ -91,7 +92,7 @@ class TextWriter {
                                     Utf8(object.GetChave()), Utf8(line.original), reason});
     }
 
-    OdDbDatabase& drawing;
+    const dxf::Store& store;  // asked for once: the drawing writes its dictionaries out for it
     const OnWritten& onWritten;
     const StandIns standIns;
     std::unordered_set<std::u16string> blockTexts;  // keys

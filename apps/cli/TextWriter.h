@@ -20,8 +20,10 @@ struct Written {
     std::vector<Unwritten> unwritten;
 };
 
-// Told of every object that holds its translation now.
-using OnWritten = std::function<void(const traducaoTQ::ETraduzivel&, const structExpressao&)>;
+// Told of every object that holds its translation now; gives what is to be reported of it, or an
+// empty text.
+using OnWritten =
+    std::function<std::string(const traducaoTQ::ETraduzivel&, const structExpressao&)>;
 
 // Writes every object of every translated line. A text in a block is written once, however many
 // references show it. A text too long for its place is reported, any other error raised; what a

@@ -55,8 +55,9 @@ Expectation WriteAndRecord(const Arguments& arguments, Session& session, Transla
     progress.Phase("writing texts");
     OnWritten record;
     if (arguments.record) {
-        record = [&](const traducaoTQ::ETraduzivel& object, const structExpressao& line) {
-            RecordText(table, object, line);
+        record = [&table, &store = session.Drawing().store()](const traducaoTQ::ETraduzivel& object,
+                                                              const structExpressao& line) {
+            return RecordText(store, table, object, line);
         };
     } else {
         table.table.traducoes.reset();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "apps/cli/ReadBack.h"
 #include "host/Project.h"
 #include "translator/engine/RegistrosTraducao.h"
 
@@ -39,10 +40,16 @@ structTermo TermOf(const TranslationTable& table, const TQString& key,
 
 }  // namespace
 
-void RecordText(const TranslationTable& table, const traducaoTQ::ETraduzivel& object,
-                const structExpressao& line) {
+std::string RecordText(const dxf::Store& drawing, const TranslationTable& table,
+                       const traducaoTQ::ETraduzivel& object, const structExpressao& line) {
+    // A record is found by the handle: one that is not in the file would name nothing tomorrow.
+    const dxf::RecordIndex record = drawing.FindHandle(HandleOf(object));
+    if (record != dxf::kNoRecord && (drawing.At(record).flags & dxf::kMemoryHandle)) {
+        return "translated, but not recorded: the object has no handle of its own in the file";
+    }
     const TQString& key = object.GetChave();
     traducaoTQ::SaveTermRecords(key, TermOf(table, key, line), table.languages);
+    return {};
 }
 
 std::vector<std::u16string> RecordKeys() {

@@ -123,6 +123,15 @@ TEST_F(Translate, RecordsStayBelowTheirKeyAndSurviveASecondLanguage) {
     EXPECT_EQ(Run(kDatabase + QStringList{"project", "en.dxf"}).out, "2 English\n");
 }
 
+TEST_F(Translate, AnObjectWithoutAHandleIsTranslatedButNotRecorded) {
+    Write("in.dxf", Replaced(SampleDrawing(), Groups("0 TEXT\n5 31"), Groups("0 TEXT")));
+    const CliResult result = Translation({"--record", "-o", "out.dxf"});
+    ASSERT_EQ(result.status, 0) << result.err;
+    EXPECT_NE(result.out.find("not written   1\n  text "), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("not recorded: the object has no handle"), std::string::npos);
+    EXPECT_NE(result.out.find("9 strings changed, 0 other values changed, "), std::string::npos);
+}
+
 TEST_F(Translate, LinesAndTheirCsvAgree) {
     const CliResult lines =
         Run(kDatabase + QStringList{"lines", "in.dxf", "--to", "Deutsch", "--pages", "P1"});
