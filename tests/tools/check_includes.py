@@ -17,6 +17,7 @@ ALLOWED = {
     "host": ["platform", "host/lisp"],
     "host/lisp": [],
     "translator/cad": ["platform"],
+    "translator/cad/ui": ["platform", "translator/cad"],
     "translator/messages": ["platform", "translator/cad"],
     "translator/langdb": ["platform", "translator/cad"],
     "translator/engine": ["platform", "translator/cad", "translator/langdb"],

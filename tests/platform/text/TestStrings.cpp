@@ -123,8 +123,8 @@ TEST(CArray, RefusesAnIndexOutside) {
     EXPECT_EQ(array.Add(6), 1);
     array.RemoveAt(0);
     EXPECT_EQ(array[0], 6);
-    EXPECT_THROW(array.GetAt(1), std::out_of_range);
-    EXPECT_THROW(array.RemoveAt(-1), std::out_of_range);
+    EXPECT_THROW(array.GetAt(1), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(-1), CInvalidArgException);
 }
 
 TEST(OdString, MakesItsWideFormWhenAsked) {
