@@ -11,6 +11,11 @@ inline constexpr DWORD LVS_REPORT = 0x0001, LVS_SINGLESEL = 0x0004, LVS_SHOWSELA
 inline constexpr DWORD LVS_EX_GRIDLINES = 0x0001, LVS_EX_FULLROWSELECT = 0x0020,
                        LVS_EX_INFOTIP = 0x0400, LVS_EX_DOUBLEBUFFER = 0x10000;
 
+// Requests of WM_VSCROLL and WM_HSCROLL; the same numbers serve both ways
+inline constexpr UINT SB_LINEUP = 0, SB_LINELEFT = 0, SB_LINEDOWN = 1, SB_LINERIGHT = 1,
+                      SB_PAGEUP = 2, SB_PAGEDOWN = 3, SB_THUMBPOSITION = 4, SB_THUMBTRACK = 5,
+                      SB_TOP = 6, SB_BOTTOM = 7, SB_ENDSCROLL = 8;
+
 // Columns
 inline constexpr int LVCFMT_LEFT = 0, LVCFMT_RIGHT = 1, LVCFMT_CENTER = 2, LVCFMT_JUSTIFYMASK = 3;
 
