@@ -9,6 +9,9 @@ using WPARAM = uintptr_t;
 using LPARAM = intptr_t;
 using LRESULT = intptr_t;
 
+class WindowHandle;  // a window; what stands behind it is the window layer's own
+using HWND = WindowHandle*;
+
 constexpr WORD LOWORD(uintptr_t value) { return static_cast<WORD>(value); }
 constexpr WORD HIWORD(uintptr_t value) { return static_cast<WORD>(value >> 16); }
 constexpr DWORD MAKELONG(uintptr_t low, uintptr_t high) {

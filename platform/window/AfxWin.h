@@ -3,7 +3,7 @@
 
 #include "platform/window/CWnd.h"
 
-BOOL IsWindow(HWND window);
+BOOL IsWindow(HWND window);  // also for one that is long gone
 LRESULT SendMessage(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 BOOL PostMessage(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
@@ -20,6 +20,8 @@ using HCURSOR = const struct CursorShape*;
 inline constexpr int IDC_ARROW = 32512, IDC_IBEAM = 32513, IDC_WAIT = 32514, IDC_HAND = 32649;
 HCURSOR LoadCursor(const void* module, int shape);
 HCURSOR SetCursor(HCURSOR cursor);  // the former one
+
+BOOL GetCursorPos(POINT* screen);
 
 // The thread of the windows; the running program sets its main window, null before.
 class CWinThread {

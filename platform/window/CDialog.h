@@ -1,6 +1,8 @@
 // CDialog: a window made from a template, mostly modal.
 #pragma once
 
+#include <exception>
+
 #include "platform/window/CWnd.h"
 #include "platform/window/DialogTemplate.h"
 
@@ -40,8 +42,11 @@ class CDialog : public CWnd {
 
     // The window of the template, its controls, and WM_INITDIALOG.
     void CreateFrom(const DialogTemplate& table, CWnd* parent);
-    int RunModalLoop();
+    // Runs what the window shows until EndDialog, then destroys it; throws what a handler threw.
+    // failure is what its making threw already.
+    int RunModal(std::exception_ptr failure);
     bool HandleDialogKey(const MSG& message);
+    const DialogTemplate& Template() const;  // throws std::invalid_argument for an unknown number
 
     UINT templateId = 0;
     CWnd* parentWindow = nullptr;
@@ -50,8 +55,12 @@ class CDialog : public CWnd {
     bool PressEnter();
     void CreateControls(const DialogTemplate& table);
     CWnd* FirstTabStop();
+    void PassFocus();
+    void ShowModal();
 
     UINT defaultId = 0;
     int result = 0;
+    bool ended = false;
+    bool firstTakesFocus = false;
     class ModalLoop* loop = nullptr;  // while it runs
 };

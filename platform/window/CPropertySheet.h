@@ -40,7 +40,6 @@ class CPropertySheet : public CDialog {
     // ID_WIZFINISH or IDCANCEL.
     int DoModal() override;
     BOOL OnInitDialog() override;
-    BOOL PreTranslateMessage(MSG* message) override;
 
     PROPSHEETHEADER m_psh;
 
@@ -54,11 +53,9 @@ class CPropertySheet : public CDialog {
   private:
     CSize LargestPage() const;
     void CreateFrame();
-    void CreateHeader();
-    void CreateButtons(const CSize& page);
+    void MakeHeaderBold();
     void ShowHeader(const CPropertyPage& page);
-    void GoNext();
-    void GoBack();
+    void ShowWizardButtons(DWORD flags);
     void Finish();
     bool Leave(LRESULT answer, int step);
     bool Activate(int index, int step);

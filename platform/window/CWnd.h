@@ -148,7 +148,6 @@ class CWnd : public CObject {
   private:
     // Offers the call to the message map under that message and, of a notification, code and id.
     bool Dispatch(MessageCall& call, UINT message, UINT code = 0, UINT id = 0);
-    LRESULT Route(MessageCall& call);
 
     friend class WindowHandle;
 };

@@ -45,7 +45,7 @@ inline constexpr int BST_UNCHECKED = 0, BST_CHECKED = 1;
 inline constexpr UINT BN_CLICKED = 0;
 
 // Statics and list boxes
-inline constexpr DWORD SS_LEFT = 0, SS_CENTER = 1, SS_RIGHT = 2;
+inline constexpr DWORD SS_LEFT = 0, SS_CENTER = 1, SS_RIGHT = 2, SS_ETCHEDHORZ = 0x10;
 inline constexpr DWORD LBS_NOTIFY = 1, LBS_SORT = 2;
 inline constexpr int LB_ERR = -1;
 inline constexpr UINT LBN_SELCHANGE = 1, LBN_DBLCLK = 2, LBN_SELCANCEL = 3, LBN_SETFOCUS = 4,
@@ -54,7 +54,7 @@ inline constexpr UINT LBN_SELCHANGE = 1, LBN_DBLCLK = 2, LBN_SELCANCEL = 3, LBN_
 // Standard control ids and dialog codes
 inline constexpr int IDOK = 1, IDCANCEL = 2;
 inline constexpr UINT DLGC_WANTARROWS = 1, DLGC_WANTTAB = 2, DLGC_WANTALLKEYS = 4,
-                      DLGC_WANTCHARS = 0x80;
+                      DLGC_DEFPUSHBUTTON = 0x10, DLGC_WANTCHARS = 0x80, DLGC_BUTTON = 0x2000;
 inline constexpr UINT DM_GETDEFID = WM_USER, DM_SETDEFID = WM_USER + 1;
 
 // Parameters of messages

@@ -4,9 +4,7 @@
 #include "platform/text/CString.h"
 #include "platform/window/Geometry.h"
 
-class WindowHandle;    // a window of this layer; what stands behind it is the layer's own
 struct DeviceContext;  // something to draw on
-using HWND = WindowHandle*;
 using HDC = DeviceContext*;
 using LPCWSTR = const char16_t*;
 

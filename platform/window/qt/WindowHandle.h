@@ -17,6 +17,8 @@ struct WindowClass {
     QWidget* (*make)(WindowHandle& handle, QWidget* parent);
     // What CWnd::FromHandle gives for a window without an object of its own.
     std::unique_ptr<CWnd> (*makeObject)();
+    // What the parent is told when the window gets or loses the focus; 0 for nothing.
+    UINT setFocusCode = 0, killFocusCode = 0;
 };
 
 class WindowClassEntry {
@@ -55,6 +57,12 @@ class WindowHandle final : public QObject {
     // its viewport.
     bool DispatchEvent(QWidget* watched, QEvent* event,
                        const std::function<bool()>& defaultHandling);
+    // As Deliver, for a message made of an event that the default handling gives to the widget.
+    // Whether a handler kept it from there goes into kept.
+    LRESULT DeliverEvent(UINT message, WPARAM wParam, LPARAM lParam,
+                         const std::function<bool()>& defaultHandling, bool* kept = nullptr);
+    // The keys of that widget count as the window's; the default handling lets them pass.
+    void WatchKeysOf(QWidget* other);
 
     // WM_COMMAND or WM_NOTIFY to the parent, as a control sends them. For calls from the toolkit:
     // exceptions are kept for the modal loop.
@@ -62,6 +70,7 @@ class WindowHandle final : public QObject {
     LRESULT Notify(NMHDR& header);  // fills hwndFrom and idFrom
 
     void Destroy();
+    void Move(const QRect& rect);  // with the frame, of a window that is no child
 
     bool HasStyle(DWORD bits) const { return (style & bits) == bits; }
     QString Text() const;
@@ -77,6 +86,7 @@ class WindowHandle final : public QObject {
     UINT id;
     DWORD style;
     CFont font;
+    HWND lastFocus = nullptr;  // of a window with controls: the tab stop that had the focus last
     bool foreign = false;
     bool alive = true;
     bool destroying = false;
@@ -85,10 +95,25 @@ class WindowHandle final : public QObject {
     // Replace the text of the widget where it has none that the layer knows.
     std::function<QString()> textOf;
     std::function<void(const QString&)> setTextOf;
+    // Brings a rectangle to what the window takes, as a closed combo box has a height of its own.
+    std::function<QRect(const QRect&)> fitted;
 
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Show(QWidget* made);  // ties the widget made to this handle
+    void SendDestroy();
+    void SendNcDestroy();
+    void ReleaseFocus();
+    void Gone();
+    bool DispatchSize(QWidget* watched, QEvent* event, const std::function<bool()>& byDefault);
+    bool HoldSize();
+
+    std::exception_ptr destroyFailure;
+    int programMoves = 0;  // a change of size under way that the program asked for
+    QRect lastFrame;       // where the window stood at its last size
 };
 
 WindowHandle* HandleOf(const QWidget* widget);      // the window shown by that very widget; null
