@@ -115,8 +115,10 @@ std::u16string ToUpper(std::u16string_view wide) { return MapCodePoints(wide, Up
 std::u16string FoldCase(std::u16string_view wide) { return MapCodePoints(wide, Folded); }
 
 int CompareNoCase(std::u16string_view a, std::u16string_view b) {
-    size_t i = 0;
-    size_t j = 0;
+    // Units in common compare equal whatever their case; a pair must not be taken apart.
+    size_t i = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin();
+    if (i > 0 && QChar::isHighSurrogate(a[i - 1])) --i;
+    size_t j = i;
     while (i < a.size() && j < b.size()) {
         char32_t left = Folded(NextCodePoint(a, i));
         char32_t right = Folded(NextCodePoint(b, j));

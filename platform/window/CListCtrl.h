@@ -6,7 +6,6 @@
 #include "platform/window/ListMessages.h"
 
 class CListCtrl;
-using POSITION = struct ListPosition*;  // null is the end
 
 // The titles above the columns of a list.
 class CHeaderCtrl {
@@ -62,8 +61,6 @@ class CListCtrl : public CWnd {
     BOOL SetItemState(int row, UINT state, UINT mask);
     UINT GetItemState(int row, UINT mask) const;
     int GetNextItem(int after, int flags) const;
-    POSITION GetFirstSelectedItemPosition() const;
-    int GetNextSelectedItem(POSITION& position) const;
     UINT GetSelectedCount() const;
     // Where the selection began: the row clicked last, or given focus and selection last; -1 after
     // a click beside the rows, and when that row is deleted.

@@ -3,22 +3,23 @@
 
 #include <algorithm>
 
+#include "platform/window/PackedTexts.h"
+
 namespace window {
 
 struct ListRows::Row {
-    Texts texts;  // of the columns up to the last one that was set
+    PackedTexts texts;  // of the columns up to the last one that was set
+    int number = 0;     // right for the first `numbered` rows
     Data data = 0;
-    int number = 0;  // right for the first `numbered` rows
 };
 
 ListRows::ListRows() = default;
 ListRows::~ListRows() = default;
 
-int ListRows::Insert(int row, std::u16string text, Data data) {
+int ListRows::Insert(int row, std::u16string_view text, Data data) {
     if (row < 0 || row > Count()) row = Count();
     auto made = std::make_unique<Row>();
-    made->texts.reserve(static_cast<size_t>(std::max(columns, 1)));
-    made->texts.push_back(std::move(text));
+    made->texts.Set(0, text);
     made->data = data;
     made->number = row;
     if (data) index.emplace(data, made.get());
@@ -48,32 +49,25 @@ void ListRows::Reserve(int count) {
 }
 
 void ListRows::InsertColumn(int column) {
-    const auto place = static_cast<size_t>(column);
     // The text of a list without columns becomes that of its first column.
-    for (const auto& row : rows)
-        if (columns > 0 && place < row->texts.size())
-            row->texts.emplace(row->texts.begin() + column);
+    if (columns > 0)
+        for (const auto& row : rows) row->texts.Insert(static_cast<size_t>(column));
     ++columns;
 }
 
 void ListRows::EraseColumn(int column) {
-    for (const auto& row : rows)
-        if (static_cast<size_t>(column) < row->texts.size())
-            row->texts.erase(row->texts.begin() + column);
+    for (const auto& row : rows) row->texts.Erase(static_cast<size_t>(column));
     --columns;
 }
 
-const std::u16string& ListRows::Text(int row, int column) const {
-    static const std::u16string empty;
-    const Texts& texts = At(row).texts;
-    return column >= 0 && static_cast<size_t>(column) < texts.size() ? texts[column] : empty;
+std::u16string_view ListRows::Text(int row, int column) const {
+    return At(row).texts.At(static_cast<size_t>(column));
 }
 
-bool ListRows::SetText(int row, int column, std::u16string text) {
-    Texts& texts = At(row).texts;
+bool ListRows::SetText(int row, int column, std::u16string_view text) {
+    Row& changed = At(row);
     if (column < 0 || column >= std::max(columns, 1)) return false;
-    if (static_cast<size_t>(column) >= texts.size()) texts.resize(static_cast<size_t>(column) + 1);
-    texts[column] = std::move(text);
+    changed.texts.Set(static_cast<size_t>(column), text);
     return true;
 }
 

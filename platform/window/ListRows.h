@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -26,7 +27,8 @@ class ListRows {
     ~ListRows();
 
     int Count() const { return static_cast<int>(rows.size()); }
-    int Insert(int row, std::u16string text, Data data);  // anywhere outside: the end; its number
+    int Insert(int row, std::u16string_view text,
+               Data data);  // anywhere outside: the end; its number
     void Erase(int row);
     void Clear();
     void Reserve(int count);
@@ -36,9 +38,10 @@ class ListRows {
     void EraseColumn(int column);
 
     // Column 0 is there in a list without columns too. Another column that is not there holds an
-    // empty text and takes none: the answer is false.
-    const std::u16string& Text(int row, int column) const;
-    bool SetText(int row, int column, std::u16string text);
+    // empty text and takes none: the answer is false. What Text gives is good until
+    // the row changes.
+    std::u16string_view Text(int row, int column) const;
+    bool SetText(int row, int column, std::u16string_view text);
 
     Data DataOf(int row) const;
     void SetData(int row, Data data);
@@ -68,8 +71,6 @@ class ListRows {
 
   private:
     struct Row;
-    using Texts = std::vector<std::u16string>;
-
     Row& At(int row) const { return *rows.at(static_cast<size_t>(row)); }
     int NumberOf(const Row* row) const;
     void Forget(Row& row);

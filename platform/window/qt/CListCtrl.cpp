@@ -35,12 +35,12 @@ ListWidget* WithColumn(const CListCtrl& list, int column) {
     return widget && column >= 0 && column < widget->Columns() ? widget : nullptr;
 }
 
-std::u16string TextOf(LPCWSTR text) { return text ? text : u""; }
+std::u16string_view TextOf(LPCWSTR text) { return text ? text : u""; }
 
-bool TextMatches(const std::u16string& text, const LVFINDINFO& what) {
+bool TextMatches(std::u16string_view text, const LVFINDINFO& what) {
     const std::u16string_view wanted = what.psz ? what.psz : u"";
     const std::u16string_view compared =
-        what.flags & LVFI_PARTIAL ? std::u16string_view(text).substr(0, wanted.size()) : text;
+        what.flags & LVFI_PARTIAL ? text.substr(0, wanted.size()) : text;
     return text::CompareNoCase(compared, wanted) == 0;
 }
 
@@ -79,7 +79,7 @@ int CListCtrl::InsertColumn(int column, LPCWSTR title, int format, int width, in
     ListWidget* widget = ListOf(*this);
     if (!widget || column < 0) return -1;
     column = std::min(column, widget->Columns());
-    widget->InsertColumn(column, QString::fromStdU16String(TextOf(title)), format, width);
+    widget->InsertColumn(column, QString::fromUtf16(title ? title : u""), format, width);
     return column;
 }
 
@@ -147,7 +147,7 @@ BOOL CListCtrl::SetItemText(int row, int column, LPCWSTR text) {
 
 CString CListCtrl::GetItemText(int row, int column) const {
     const ListWidget* widget = WithRow(*this, row);
-    return widget ? CString(widget->rows.Text(row, column)) : CString();
+    return widget ? CString(std::u16string(widget->rows.Text(row, column))) : CString();
 }
 
 int CListCtrl::GetItemText(int row, int column, char16_t* text, int room) const {
@@ -210,24 +210,6 @@ int CListCtrl::GetNextItem(int after, int flags) const {
     const ListWidget* widget = ListOf(*this);
     const auto states = static_cast<unsigned>(flags) & (LVIS_FOCUSED | LVIS_SELECTED);
     return widget ? widget->rows.Next(std::max(after, -1), states) : -1;
-}
-
-namespace {
-
-// A position is the number of its row, counted from 1 so that null is the end.
-POSITION PositionOf(int row) { return reinterpret_cast<POSITION>(static_cast<uintptr_t>(row + 1)); }
-int RowOf(POSITION position) { return static_cast<int>(reinterpret_cast<uintptr_t>(position)) - 1; }
-
-}  // namespace
-
-POSITION CListCtrl::GetFirstSelectedItemPosition() const {
-    return PositionOf(GetNextItem(-1, LVNI_SELECTED));
-}
-
-int CListCtrl::GetNextSelectedItem(POSITION& position) const {
-    const int row = RowOf(position);
-    position = PositionOf(GetNextItem(row, LVNI_SELECTED));
-    return row;
 }
 
 UINT CListCtrl::GetSelectedCount() const {

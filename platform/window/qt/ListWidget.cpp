@@ -140,7 +140,7 @@ int ListWidget::ColumnAt(int x) const {
 }
 
 QString ListWidget::CellText(int row, int column) const {
-    const std::u16string& text = rows.Text(row, column);
+    const std::u16string_view text = rows.Text(row, column);
     return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
 }
 
