@@ -189,9 +189,7 @@ bool CPropertySheet::Activate(int index, int step) {
         const int former = std::exchange(active, index);
         if (!page->GetSafeHwnd()) {
             page->CreateFrom(page->Template(), this);
-            page->MoveWindow(DialogUnitsX(MARGIN), headerHeight,
-                             DialogUnitsX(page->Template().width),
-                             DialogUnitsY(page->Template().height));
+            page->SetWindowPos(&wndTop, DialogUnitsX(MARGIN), headerHeight, 0, 0, SWP_NOSIZE);
         }
         if (!page->OnSetActive()) {
             active = former;

@@ -73,6 +73,8 @@ class CWnd : public CObject {
 
     void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
     void MoveWindow(LPCRECT rect, BOOL repaint = TRUE);
+    // Of the order only wndTop is taken: first among the siblings, as for the keyboard.
+    static const CWnd wndTop;
     BOOL SetWindowPos(const CWnd* after, int x, int y, int cx, int cy, UINT flags);
     // On the screen, with the frame where the window system has told of it.
     void GetWindowRect(LPRECT rect) const;

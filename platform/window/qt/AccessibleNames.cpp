@@ -35,6 +35,18 @@ int DistanceTo(const QRect& control, const QRect& label) {
     return INT_MAX;
 }
 
+// A label belongs to the one control that it is nearest to.
+bool IsNearerToAnother(const WindowHandle& window, const QLabel& label, const QWidget& control) {
+    const int distance = DistanceTo(control.geometry(), label.geometry());
+    for (HWND child : window.children) {
+        const QWidget* other = child->widget;
+        if (other && other != &control && NeedsLabel(*other) &&
+            DistanceTo(other->geometry(), label.geometry()) < distance)
+            return true;
+    }
+    return false;
+}
+
 QLabel* LabelFor(const WindowHandle& window, const QWidget& control) {
     QLabel* nearest = nullptr;
     int distance = INT_MAX;
@@ -42,7 +54,8 @@ QLabel* LabelFor(const WindowHandle& window, const QWidget& control) {
         auto* label = qobject_cast<QLabel*>(child->widget.data());
         if (!label || TextOfLabel(*label).isEmpty()) continue;
         const int here = DistanceTo(control.geometry(), label->geometry());
-        if (here < distance) distance = here, nearest = label;
+        if (here < distance && !IsNearerToAnother(window, *label, control))
+            distance = here, nearest = label;
     }
     return nearest;
 }

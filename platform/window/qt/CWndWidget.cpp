@@ -1,6 +1,8 @@
 // What a CWnd asks of its widget.
 #include <QApplication>
+#include <QComboBox>
 #include <QScreen>
+#include <algorithm>
 #include <stdexcept>
 
 #include "platform/window/AfxWin.h"
@@ -19,6 +21,13 @@ const std::vector<HWND>& SiblingsOf(HWND window) {
     return window->parent && window->HasStyle(WS_CHILD) ? window->parent->children : none;
 }
 
+void PutFirst(HWND window) {
+    if (!window->parent) return;
+    auto& siblings = window->parent->children;
+    const auto here = std::find(siblings.begin(), siblings.end(), window);
+    std::rotate(siblings.begin(), here, here + 1);
+}
+
 bool TakesTab(HWND window) {
     return window->HasStyle(WS_TABSTOP) && window->widget && window->widget->isEnabled() &&
            window->widget->isVisible();
@@ -35,8 +44,10 @@ void CollectTabStops(HWND window, HWND always, std::vector<HWND>& stops) {
 
 }  // namespace
 
+const CWnd CWnd::wndTop;
+
 CWnd::~CWnd() {
-    if (!IsWindow(m_hWnd) || m_hWnd->object != this) return;
+    if (!m_hWnd || !IsWindow(m_hWnd) || m_hWnd->object != this) return;
     Guarded([this] { CWnd::DestroyWindow(); });
     if (m_hWnd && m_hWnd->object == this) UnsubclassWindow();  // in the middle of its end
 }
@@ -181,6 +192,9 @@ CWnd* CWnd::GetFocus() { return ObjectOf(HandleAround(QApplication::focusWidget(
 CWnd* CWnd::SetFocus() {
     CWnd* before = GetFocus();
     const HWND old = before ? before->GetSafeHwnd() : nullptr;
+    // An open list is a window of the toolkit, which would keep the focus until it closes.
+    auto* combo = old && old != m_hWnd ? qobject_cast<QComboBox*>(WidgetOf(old)) : nullptr;
+    if (combo) combo->hidePopup();
     if (Has(this)) m_hWnd->widget->setFocus(Qt::OtherFocusReason);
     ThrowKept();
     return IsWindow(old) ? FromHandle(old) : nullptr;
@@ -216,11 +230,12 @@ void CWnd::MoveWindow(LPCRECT rect, BOOL repaint) {
     MoveWindow(rect->left, rect->top, rect->right - rect->left, rect->bottom - rect->top, repaint);
 }
 
-BOOL CWnd::SetWindowPos(const CWnd*, int x, int y, int cx, int cy, UINT flags) {
+BOOL CWnd::SetWindowPos(const CWnd* after, int x, int y, int cx, int cy, UINT flags) {
     if (!Has(this)) return FALSE;
     const QWidget& widget = *m_hWnd->widget;
     QRect rect = widget.isWindow() ? widget.frameGeometry() : widget.geometry();
     const QRect before = rect;
+    if (after == &wndTop && !(flags & SWP_NOZORDER)) PutFirst(m_hWnd);
     if (!(flags & SWP_NOMOVE)) rect.moveTopLeft({x, y});
     if (!(flags & SWP_NOSIZE)) rect.setSize({cx, cy});
     if (rect != before) m_hWnd->Move(rect);

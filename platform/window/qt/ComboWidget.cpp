@@ -2,13 +2,38 @@
 #include "platform/window/qt/ComboWidget.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
+#include <QProxyStyle>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
+#include <utility>
 
 #include "platform/window/CComboBox.h"
 #include "platform/window/qt/DeviceContext.h"
+
+namespace {
+
+// A list drops below its field, as on Windows, whatever the desktop's style does.
+class DropBelowStyle : public QProxyStyle {
+  public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+    static QStyle* Shared() {
+        static QPointer<DropBelowStyle> style;
+        if (!style) {
+            style = new DropBelowStyle;  // the application takes it over
+            style->setParent(qApp);
+        }
+        return style;
+    }
+};
+
+}  // namespace
 
 // Entries of an owner-drawn list, by WM_DRAWITEM to the parent.
 class ComboWidget::ItemDelegate : public QStyledItemDelegate {
@@ -51,6 +76,7 @@ class ComboWidget::ItemDelegate : public QStyledItemDelegate {
 
 ComboWidget::ComboWidget(WindowHandle& handle, QWidget* parent)
     : QComboBox(parent), handle(handle) {
+    setStyle(DropBelowStyle::Shared());
     setInsertPolicy(NoInsert);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setItemDelegate(new ItemDelegate(this));

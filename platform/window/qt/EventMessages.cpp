@@ -50,6 +50,8 @@ LPARAM Packed(const QPoint& point) {
     return MAKELPARAM(static_cast<uint16_t>(point.x()), static_cast<uint16_t>(point.y()));
 }
 
+const QEvent* passedOn = nullptr;
+
 bool MakesMessage(QEvent::Type type) {
     constexpr QEvent::Type TYPES[] = {
         QEvent::KeyPress,
@@ -119,11 +121,27 @@ bool WindowHandle::eventFilter(QObject* watched, QEvent* event) {
         return DispatchEvent(widget, event, [this, event] {
             return widget && static_cast<QObject*>(widget)->event(event);
         });
-    // Another widget whose keys are this window's: what the default handling takes passes on to it.
-    if (event->type() != QEvent::KeyPress) return false;
+    return FilterWatchedKeys(*watched, *event);
+}
+
+// Of another widget whose keys are this window's. A list that drops down takes some of its keys
+// already when they might be shortcuts: they wait until the messages have had their turn.
+bool WindowHandle::FilterWatchedKeys(QObject& watched, QEvent& event) {
+    if (event.type() == QEvent::ShortcutOverride && &event != passedOn) {
+        event.accept();
+        return true;
+    }
+    if (event.type() != QEvent::KeyPress) return false;
+    auto& key = static_cast<QKeyEvent&>(event);
     bool passes = false;
-    HandleKeyPress(*this, static_cast<QKeyEvent&>(*event), [&passes] { return passes = true; });
-    return !passes;
+    HandleKeyPress(*this, key, [&passes] { return passes = true; });
+    if (!passes) return true;
+    QKeyEvent shortcut(QEvent::ShortcutOverride, key.key(), key.modifiers(), key.text());
+    const QPointer<QWidget> list = qobject_cast<QWidget*>(&watched);
+    passedOn = &shortcut;
+    QCoreApplication::sendEvent(&watched, &shortcut);
+    passedOn = nullptr;
+    return !list || !list->isVisible();
 }
 
 bool WindowHandle::DispatchEvent(QWidget* watched, QEvent* event, const Default& byDefault) {

@@ -110,6 +110,7 @@ class WindowHandle final : public QObject {
     void Gone();
     bool DispatchSize(QWidget* watched, QEvent* event, const std::function<bool()>& byDefault);
     bool HoldSize();
+    bool FilterWatchedKeys(QObject& watched, QEvent& event);
 
     std::exception_ptr destroyFailure;
     int programMoves = 0;  // a change of size under way that the program asked for
