@@ -27,6 +27,8 @@ QPalette DarkPalette() {
     palette.setColor(QPalette::Highlight, QColor(38, 79, 120));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, QColor(120, 180, 255));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(140, 140, 140));
     return palette;
 }
 
@@ -41,8 +43,8 @@ QImage PictureOf(QWidget& window) {
     picture.setDevicePixelRatio(scale);
     picture.fill(Qt::gray);
     QPainter painter(&picture);
-    painter.drawPixmap(window.pos() - whole.topLeft(), window.grab());
-    if (popup) painter.drawPixmap(popup->pos() - whole.topLeft(), popup->grab());
+    painter.drawPixmap(window.geometry().topLeft() - whole.topLeft(), window.grab());
+    if (popup) painter.drawPixmap(popup->geometry().topLeft() - whole.topLeft(), popup->grab());
     return picture;
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/window/CDC.h"
+#include "translator/listview/Cores.h"
 
 namespace ListView {
 namespace {
@@ -20,7 +21,7 @@ CAutoCombo::CAutoCombo()
       textoSelecionado(GetSysColor(COLOR_HIGHLIGHTTEXT)),
       fundo(GetSysColor(COLOR_WINDOW)),
       texto(GetSysColor(COLOR_MENUTEXT)),
-      textoDescricao(GetSysColor(COLOR_GRAYTEXT)) {}
+      textoDescricao(CorCinza()) {}
 
 int CAutoCombo::AddEntry(int index, const TQString& text, const TQString* second) {
     const int entry = InsertString(index, text);

@@ -28,7 +28,7 @@ class CAutoCombo : public CComboBox {
                         bool selected) const;
 
     COLORREF fundoSelecionado, textoSelecionado, fundo, texto, textoDescricao;
-    CFont fonte;                            // as long as an item is drawn
+    CFont fonte;                      // as long as an item is drawn
     std::deque<TQString> descricoes;  // item data points at these
 };
 

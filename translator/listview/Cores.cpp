@@ -43,6 +43,12 @@ COLORREF ToCor(const TQString& text) {
 
 COLORREF Complemento(COLORREF color) { return ~color & RGB(255, 255, 255); }
 
+COLORREF CorCinza() {
+    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT), window = GetSysColor(COLOR_WINDOW);
+    return RGB((GetRValue(text) + GetRValue(window)) / 2, (GetGValue(text) + GetGValue(window)) / 2,
+               (GetBValue(text) + GetBValue(window)) / 2);
+}
+
 COLORREF CorLegivel(COLORREF text, COLORREF background) {
     if (Contraste(text, background) >= kContrasteMinimo) return text;
     const COLORREF black = RGB(0, 0, 0), white = RGB(255, 255, 255);

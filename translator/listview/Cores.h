@@ -12,6 +12,9 @@ COLORREF ToCor(const TQString& text);
 
 COLORREF Complemento(COLORREF color);
 
+// Half way between the text and the background of windows, so that it is seen on dark desktops too.
+COLORREF CorCinza();
+
 // The text colour, or black or white where it could not be read on that background, as happens
 // with a light text colour of a dark desktop on a fixed light background.
 COLORREF CorLegivel(COLORREF text, COLORREF background);

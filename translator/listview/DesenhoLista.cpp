@@ -94,7 +94,7 @@ LRESULT CIListViewEdit::DestacarEdicao(NMLVCUSTOMDRAW& draw, int32_t row, int32_
         return CDRF_NEWFONT;
     }
     if (col < 1) return CDRF_DODEFAULT;
-    draw.clrText = GetSysColor(Contem(colunasEscuras, col) ? COLOR_BTNTEXT : COLOR_GRAYTEXT);
+    draw.clrText = Contem(colunasEscuras, col) ? GetSysColor(COLOR_BTNTEXT) : CorCinza();
     dc->SelectObject(fonteLista.get());
     return CDRF_NEWFONT;
 }

@@ -184,7 +184,8 @@ CWnd* CWnd::GetNextDlgTabItem(CWnd* from, BOOL previous) const {
 
 BOOL CWnd::IsChild(const CWnd* window) const {
     const QWidget* inner = WidgetOf(window);
-    return inner && Has(this) && m_hWnd->widget->isAncestorOf(inner);
+    if (!inner || !Has(this) || inner == m_hWnd->widget) return FALSE;
+    return m_hWnd->widget->isAncestorOf(inner);
 }
 
 CWnd* CWnd::GetFocus() { return ObjectOf(HandleAround(QApplication::focusWidget())); }

@@ -22,7 +22,8 @@ const DialogResource kRecurso(kModelo);
 
 QWidget* ParaTeclas() {
     QWidget* popup = QApplication::activePopupWidget();
-    return popup ? popup : QApplication::focusWidget();
+    QWidget* inPopup = popup ? popup->focusWidget() : nullptr;
+    return inPopup ? inPopup : QApplication::focusWidget();
 }
 
 }  // namespace
@@ -43,6 +44,7 @@ Dialogo::Dialogo() {
 Dialogo::~Dialogo() { DestroyWindow(); }
 
 void Dialogo::Anotar(const char* what, int32_t row, int32_t col) {
+    if (!lista) return;  // being destroyed
     ouvido.push_back(std::string(what) + " " + std::to_string(row) + "," + std::to_string(col) +
                      " " + Estreito(lista->GetItemText(row, col)));
 }
@@ -62,7 +64,7 @@ BOOL Dialogo::OnCommand(WPARAM wParam, LPARAM lParam) {
         {ListView::WM_LIST_PROPRIEDADE_SELCHANGE, "selchange"},
     };
     for (const auto& [message, name] : names)
-        if (LOWORD(wParam) == kLista && HIWORD(wParam) == LOWORD(message) &&
+        if (lista && LOWORD(wParam) == kLista && HIWORD(wParam) == LOWORD(message) &&
             lParam == reinterpret_cast<LPARAM>(lista->m_hWnd))
             ouvido.push_back(name);
     return CDialog::OnCommand(wParam, lParam);
@@ -76,9 +78,13 @@ void Dialogo::OnKeyDown(UINT key, UINT repeat, UINT flags) {
 Bancada::Bancada() {
     lista.AddColumn(u"Name", 100, false);
     lista.AddColumn(u"Value", 120, false);
-    dialogo.ShowWindow(SW_SHOW);
-    WidgetOf(&dialogo)->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(WidgetOf(&dialogo)));
+    Ativar(dialogo);
+}
+
+void Bancada::Ativar(Dialogo& dialog) {
+    dialog.ShowWindow(SW_SHOW);
+    WidgetOf(&dialog)->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(WidgetOf(&dialog)));
 }
 
 ListView::CIListViewPropriedadeItem* Bancada::Linha(int32_t kind, const TQStringList& values,
@@ -115,6 +121,7 @@ void Bancada::Clicar(int32_t row, int32_t col, Qt::KeyboardModifiers modifiers) 
 
 void Bancada::ClicarBotaoDoEditor() {
     QTest::mouseClick(WidgetOf(lista.GetDlgItem(ListView::kIdBotao)), Qt::LeftButton);
+    Ativar(dialogo);
 }
 
 std::string Bancada::Texto(int32_t row, int32_t col) {

@@ -63,7 +63,8 @@ class Bancada : public testing::Test {
     void Tecla(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void Digitar(const char* text);
     void Clicar(int32_t row, int32_t col, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void ClicarBotaoDoEditor();
+    void ClicarBotaoDoEditor();  // and wait until what it opens is done with
+    static void Ativar(Dialogo& dialog);
     std::string Texto(int32_t row, int32_t col = 1);
     std::string TextoDoEditor();
 

@@ -123,16 +123,16 @@ TEST_F(Edicao, OutlivesTheWindowsAroundIt) {
             Lista& its = *other->lista;
             its.AddColumn(u"Value", 100, false);
             its.AddItem(u"", u"", Valores({u"1", u"2"}), 9, kind, 1, true, 0);
-            other->ShowWindow(SW_SHOW);
-            WidgetOf(other.get())->activateWindow();
+            Ativar(*other);
             ASSERT_TRUE(its.BeginEdit(0, 0));
             ASSERT_TRUE(its.IsChild(CWnd::GetFocus()));
             if (way == 0) its.DestroyWindow();
             if (way == 1) other->lista.reset();
             if (way == 2) other->DestroyWindow();
             if (way == 3) {
-                other->aoEditar = [&] { other->DestroyWindow(); };
+                other->aoEditar = [dialog = other.get()] { dialog->DestroyWindow(); };
                 other->antes.SetFocus();
+                EXPECT_EQ(other->m_hWnd, nullptr);
             }
             other.reset();
         }
