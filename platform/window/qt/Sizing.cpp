@@ -6,10 +6,12 @@
 
 namespace {
 
-// Which edges the user has hold of, told from what moved.
+// Which edges the user has hold of: the left or upper one if the opposite edge stayed. A window
+// that was moved as a whole in between counts as held at its right and lower edges.
 UINT SideOf(const QRect& before, const QRect& now) {
-    const bool left = before.left() != now.left(), top = before.top() != now.top();
     const bool across = before.width() != now.width(), down = before.height() != now.height();
+    const bool left = across && before.right() == now.right();
+    const bool top = down && before.bottom() == now.bottom();
     if (across && down)
         return top ? (left ? WMSZ_TOPLEFT : WMSZ_TOPRIGHT)
                    : (left ? WMSZ_BOTTOMLEFT : WMSZ_BOTTOMRIGHT);
@@ -65,7 +67,8 @@ void WindowHandle::Move(const QRect& wanted) {
             widget->resize(size);
         else
             widget->setFixedSize(size);
-        widget->move(rect.topLeft());
+        // While the user drags, a position said again makes the window creep.
+        if (rect.topLeft() != widget->frameGeometry().topLeft()) widget->move(rect.topLeft());
     }
     --programMoves;
 }
