@@ -27,7 +27,8 @@ ALLOWED = {
     "apps": ["platform", "host", "translator"],
 }
 GUI = re.compile(r"<(QtWidgets|QtGui|QWidget|QApplication|QDialog|QPainter|QFileDialog|QMessageBox)\b")
-GUI_ALLOWED = ("platform/window/qt/", "apps/ui/", "apps/desktop/", "translator/cad/")
+GUI_ALLOWED = ("platform/window/qt/", "apps/ui/", "apps/desktop/", "apps/gallery/",
+               "translator/cad/")
 
 
 def layer_of(path):
