@@ -74,7 +74,7 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench"):
+        for name in ("kelvara", "dxf_bench", "list_view"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -130,6 +130,14 @@ class Bench:
     def ezdxf_times(self, drawing):
         return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.folder / "ezdxf.dxf"])
 
+    def list_view(self):
+        """The list control against Qt's item model; the program tells its own figures."""
+        environment = {"QT_QPA_PLATFORM": "offscreen", **os.environ}
+        run = subprocess.run([self.programs / "list_view"], env=environment, check=False)
+        if run.returncode not in (0, 1):
+            raise Failure(f"list_view: exit status {run.returncode}")
+        self.report.missed |= run.returncode != 0
+
     def translation(self, size):
         drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
         database = self.database(drawing)
@@ -171,6 +179,7 @@ def main():
     options = parser.parse_args()
     sizes = [int(size) for size in options.sizes.split(",")]
     bench = Bench(options.build.resolve())
+    bench.list_view()
     for size in sizes:
         bench.store(size)
     bench.translation(sizes[-1])

@@ -1,6 +1,22 @@
 // The header of a list.
 #include "platform/window/qt/ListHeader.h"
 
+#include <QProxyStyle>
+
+namespace {
+
+// The style of the application with titles that begin where the texts below them begin.
+class HeaderStyle : public QProxyStyle {
+  public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        return metric == PM_HeaderMargin ? ListHeader::kTextMargin
+                                         : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+}  // namespace
+
 void ListColumns::Insert(int column, const QString& title, Qt::Alignment alignment) {
     beginInsertColumns({}, column, column);
     columns.insert(columns.begin() + column, {title, alignment});
@@ -23,6 +39,9 @@ QVariant ListColumns::headerData(int section, Qt::Orientation orientation, int r
 
 ListHeader::ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
     constexpr int kNarrowest = 8;  // a column dragged to nothing could not be found again
+    auto* style = new HeaderStyle;
+    style->setParent(this);
+    setStyle(style);
     setModel(&columns);
     setMinimumSectionSize(kNarrowest);
     setSectionsClickable(true);

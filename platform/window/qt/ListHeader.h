@@ -29,6 +29,8 @@ class ListColumns : public QAbstractTableModel {
 
 class ListHeader : public QHeaderView {
   public:
+    static constexpr int kTextMargin = 4;  // left and right of a text, in titles and cells alike
+
     explicit ListHeader(QWidget* parent);
     ListColumns columns;
 };

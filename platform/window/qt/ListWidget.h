@@ -14,7 +14,7 @@
 // kept for a row but its data, and only rows in view are measured or drawn. No timer runs.
 class ListWidget : public QAbstractScrollArea {
   public:
-    static constexpr int kTextMargin = 4;  // left and right of a text, in its cell
+    static constexpr int kTextMargin = ListHeader::kTextMargin;
 
     ListWidget(WindowHandle& handle, QWidget* parent);
     ~ListWidget() override;

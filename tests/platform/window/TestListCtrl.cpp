@@ -343,6 +343,26 @@ TEST_F(ListControl, RefusesWhatIsNotThere) {
     EXPECT_EQ(list.GetSelectedCount(), 0u);
 }
 
+TEST_F(ListControl, MayBeDestroyedByItsOwnNotification) {
+    Make(LVS_SINGLESEL);
+    class Ending : public NotingList {
+      public:
+        using CListCtrl::Create;
+        BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+            if (reinterpret_cast<NMHDR*>(lParam)->code == LVN_COLUMNCLICK) DestroyWindow();
+            return NotingList::OnChildNotify(message, wParam, lParam, result);
+        }
+    } ending;
+    ending.Create(WS_VISIBLE | LVS_REPORT, CRect(0, 0, 200, 150), &parent, kId + 1);
+    ending.InsertColumn(0, u"Zero", 8, 100);
+    ending.InsertItem(0, u"row");
+    ::Settle();
+    QWidget* header = static_cast<ListWidget&>(*WidgetOf(&ending)).Header().viewport();
+    QTest::mouseClick(header, Qt::LeftButton, {}, QPoint(50, 5));
+    EXPECT_EQ(ending.GetSafeHwnd(), nullptr);
+    ::Settle();
+}
+
 TEST_F(ListControl, IsSilentWhenIdle) {
     Make(LVS_SINGLESEL);
     int events = 0;
