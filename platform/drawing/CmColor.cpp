@@ -21,7 +21,7 @@ constexpr int kFirstHue = 10, kFirstGrey = 250, kHueStep = 15;
 int Channel(int hue, int place, int brightness, bool pale) {
     const int distance = std::abs((hue - place + 180 + 360) % 360 - 180);
     const int quarters = std::clamp((120 - distance) / kHueStep, 0, 4);
-    const int full = (brightness * quarters + 2) / 4;
+    const int full = (brightness * quarters + 1) / 4;  // rounded, a half downwards
     return pale ? full + (brightness - full) / 2 : full;
 }
 

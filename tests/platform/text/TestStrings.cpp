@@ -48,6 +48,9 @@ TEST(Conversion, FoldsLettersOneForOneInEveryLocale) {
     EXPECT_NE(text::CompareNoCase(u"i", u"İ"), 0);
     EXPECT_LT(text::CompareNoCase(u"ab", u"ABC"), 0);
     EXPECT_GT(text::CompareNoCase(u"b", u"ABC"), 0);
+    // A letter of two units whose first unit is in common.
+    EXPECT_EQ(text::CompareNoCase(u"x\U00010400y", u"X\U00010428Y"), 0);
+    EXPECT_NE(text::CompareNoCase(u"\U00010400", u"\U00010401"), 0);
 }
 
 TEST(CString, Formats) {
