@@ -12,7 +12,8 @@ constexpr std::array<uint32_t, 10> kBasic = {kWhite,   0xFF0000, 0xFFFF00, 0x00F
                                              0x0000FF, 0xFF00FF, kWhite,   0x808080, 0xC0C0C0};
 constexpr std::array<uint32_t, 6> kGreys = {0x000000, 0x656565, 0x666666,
                                             0x999999, 0xCCCCCC, 0xFFFFFF};
-constexpr std::array<int, 5> kBrightness = {255, 165, 127, 76, 38};  // of the shades, in pairs
+// Of the shades, in pairs, in quarters of a unit: 100, 65, 50, 30 and 15 % of 255.
+constexpr std::array<int, 5> kBrightness = {1020, 663, 510, 306, 153};
 
 constexpr int kFirstHue = 10, kFirstGrey = 250, kHueStep = 15;
 
@@ -21,8 +22,7 @@ constexpr int kFirstHue = 10, kFirstGrey = 250, kHueStep = 15;
 int Channel(int hue, int place, int brightness, bool pale) {
     const int distance = std::abs((hue - place + 180 + 360) % 360 - 180);
     const int quarters = std::clamp((120 - distance) / kHueStep, 0, 4);
-    const int full = (brightness * quarters + 1) / 4;  // rounded, a half downwards
-    return pale ? full + (brightness - full) / 2 : full;
+    return pale ? brightness * (4 + quarters) / 32 : brightness * quarters / 16;
 }
 
 // Odd numbers are the pale twins of the even ones before them.
