@@ -99,11 +99,11 @@ void PrintTerms(const GeneralOptions& general, const host::Terms& terms) {
 void ShowTerms(const GeneralOptions& general, const std::string& csvFile) {
     const host::Terms terms = host::Dictionary(Url(general)).ReadTerms();
     if (csvFile.empty()) return PrintTerms(general, terms);
-    CsvFile file(csvFile);
-    file.Add(HeaderOf(terms));
-    for (const auto& term : terms.terms) file.Add(ToCsv(term.texts));
-    file.Commit();
-    Output(general).Note(std::to_string(terms.terms.size()) + " terms written to " + csvFile);
+    std::string table = CsvLine(HeaderOf(terms));
+    for (const auto& term : terms.terms) table += CsvLine(ToCsv(term.texts));
+    WriteTable(csvFile, table);
+    Output(general).Note(std::to_string(terms.terms.size()) + " terms written to " +
+                         (csvFile == kStandardStream ? "standard output" : csvFile));
 }
 
 QJsonArray ToJson(const std::vector<int>& rows) {
@@ -179,7 +179,8 @@ void Check(const GeneralOptions& general) {
     }
     Output output(general);
     table.Print(output);
-    output.Note(std::to_string(findings.size()) + " findings");
+    output.Note(std::to_string(findings.size()) +
+                (findings.size() == 1 ? " finding" : " findings"));
     output.Finish();
 }
 
@@ -206,8 +207,9 @@ void RegisterDb(CommandLine& line) {
         ->add_option("NAME", *file, "Its name")
         ->required();
     line.Add(*db, "terms", "All terms, one a line", [&general, file] { ShowTerms(general, *file); })
-        ->add_option("--to-csv", *file,
-                     "Write them to a file in place: UTF-8, with a header of language names");
+        ->add_option(
+            "--to-csv", *file,
+            "Write them to a file: UTF-8, with a header of language names; - writes stdout");
     line.Add(*db, "import",
              "Takes terms from a table; rows whose first column is known are merged into the term",
              [&general, file] { Import(general, *file); })

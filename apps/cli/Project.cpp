@@ -58,7 +58,7 @@ std::string NameOf(int key, bool hasDatabase) {
 // The drawing itself has no place for the language: the output is a copy, and the host's settings
 // know the language by the output's name.
 void SaveOld(Session& session, const SaveOptions& save, int key) {
-    if (save.output == kStandardOutput) {
+    if (save.output == kStandardStream) {
         throw Error(
             "a drawing of R12 or older cannot hold the project's language, which is kept "
             "under the name of the file; give -o the name of a file");
@@ -82,7 +82,7 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     session.OpenDrawing(arguments.drawing);
     const bool hasDatabase = OpensDatabase(general, session);
     int key = session.ProjectLanguage();
-    Output output(general, arguments.save.output == kStandardOutput);
+    Output output(general, arguments.save.output == kStandardStream);
     if (!arguments.language.empty()) {
         RequireEditable(session);
         key = KeyOf(arguments.language, hasDatabase);

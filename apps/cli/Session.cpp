@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "host/Dictionary.h"
+#include "host/Error.h"
 #include "host/Host.h"
 
 namespace cli {
@@ -44,6 +46,14 @@ Session::Session(const GeneralOptions& options) : options(options) {
 Session::~Session() = default;
 
 void Session::OpenDatabase() { host->OpenDatabase(); }
+
+void Session::RequireReadableTerms() const {
+    try {
+        host::Dictionary(QString::fromStdString(DatabaseUrlOf(options))).ReadTerms();
+    } catch (const host::Error& error) {
+        throw host::Error(std::string(error.what()) + "; 'kelvara db check' may tell more");
+    }
+}
 
 OdDbDatabase& Session::OpenDrawing(const std::string& nativePath) {
     document = &host->Documents().Open(nativePath);

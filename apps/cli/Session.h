@@ -25,6 +25,10 @@ class Session {
     // The dictionary that the options name. Throws host::Error when it cannot be used.
     void OpenDatabase();
 
+    // The store gives no terms for an empty dictionary and for one that it cannot read: throws
+    // host::Error in the second case.
+    void RequireReadableTerms() const;
+
     // Throws OdError or host::Error when the drawing cannot be read.
     OdDbDatabase& OpenDrawing(const std::string& nativePath);
     OdDbDatabase& OpenDrawing(OdDbDatabasePtr drawing, const std::string& nativePath);

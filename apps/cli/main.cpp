@@ -16,6 +16,9 @@ int Work(const cli::CommandLine& line) {
     try {
         line.action();
         return kDone;
+    } catch (const cli::WrongUsage& error) {
+        cli::PrintError(error.what());
+        return kWrongUsage;
     } catch (const OdError& error) {
         cli::PrintError(error.description().narrowText());
     } catch (const std::bad_alloc&) {
@@ -39,6 +42,8 @@ int main(int argc, char** argv) {
     cli::RegisterTexts(line);
     cli::RegisterLines(line);
     cli::RegisterTranslate(line);
+    cli::RegisterExport(line);
+    cli::RegisterImport(line);
     cli::RegisterDb(line);
     cli::RegisterRun(line);
     try {

@@ -34,11 +34,23 @@ INSTANTIATE_TEST_SUITE_P(
     Cli, Command,
     testing::Values(
         Case{"NoCommand", {}, 2, "", "subcommand is required"},
-        Case{"UnknownCommand", {"frobnicate"}, 2, "", "kelvara: "},
+        Case{"UnknownCommand", {"frobnicate"}, 2, "", "unexpected \"frobnicate\""},
         Case{"UnknownOption", {"info", "in.dxf", "--frobnicate"}, 2, "", "--frobnicate"},
         Case{"MissingDrawing", {"info"}, 2, "", "DRAWING is required"},
         Case{"TranslateWithoutTarget", {"translate", "in.dxf"}, 2, "", "--to is required"},
         Case{"StrictAndLayer0", {"texts", "in.dxf", "--strict", "--layer-0"}, 2, "", "excludes"},
+        Case{"EmptyOutput",
+             {"translate", "in.dxf", "--to", "1", "-o", ""},
+             2,
+             "",
+             "an empty name was given"},
+        Case{"NoPageNamed", {"texts", "in.dxf", "--pages", ","}, 2, "", "names no page"},
+        Case{"TwoThingsFromStdin", {"import", "-", "-", "--to", "1"}, 2, "", "standard input"},
+        Case{"TwoThingsToStdout",
+             {"translate", "in.dxf", "--to", "1", "-o", "-", "--csv", "-"},
+             2,
+             "",
+             "standard output"},
         Case{"Version", {"--version"}, 0, "kelvara 0.1.0\n", ""},
         Case{"Pages", {"pages", "in.dxf"}, 0, "P1    6  7\nP2    2  3\n", ""},
         Case{"PagesJson",
@@ -135,7 +147,7 @@ TEST_F(Db, CheckNamesWhatIsWrong) {
     const CliResult result = Db_({"check"});
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_NE(result.out.find("empty"), std::string::npos) << result.out;
-    EXPECT_NE(result.err.find("1 findings"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("1 finding\n"), std::string::npos) << result.err;
 }
 
 }  // namespace

@@ -29,17 +29,21 @@ class Failure : public CliTest, public testing::WithParamInterface<Case> {
         Write("drawing.dwg", "AC1032" + std::string(500, '\0'));
         Write("noise.sqlite", std::string(5000, 'n'));
         MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
-        MakeForeignDatabase();
+        Write("noterms.sqlite", Read("d.sqlite"));
+        Write("nocolumn.sqlite", Read("d.sqlite"));
+        Change("foreign.sqlite", "create table ORDERS (ID integer)");
+        Change("noterms.sqlite", "drop table BDTRANSLATOR");
+        Change("nocolumn.sqlite", "alter table BDTRANSLATOR drop column LANGUAGE3");
     }
 
-    void MakeForeignDatabase() {
+    void Change(const char* file, const char* statement) {
         {
-            QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "foreign");
-            database.setDatabaseName(QString::fromStdString(Path("foreign.sqlite")));
+            QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", file);
+            database.setDatabaseName(QString::fromStdString(Path(file)));
             ASSERT_TRUE(database.open());
-            ASSERT_TRUE(QSqlQuery(database).exec("create table ORDERS (ID integer)"));
+            ASSERT_TRUE(QSqlQuery(database).exec(statement));
         }
-        QSqlDatabase::removeDatabase("foreign");
+        QSqlDatabase::removeDatabase(file);
     }
 };
 
@@ -96,6 +100,17 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"InitOfAForeignDatabase",
              {"db", "init", "--database", "sqlite:foreign.sqlite"},
              "foreign.sqlite"},
+        Case{"DatabaseWithoutTerms", Translating("in.dxf", "old.dxf", "sqlite:noterms.sqlite"),
+             "no such table: BDTRANSLATOR"},
+        Case{"DatabaseWithoutAColumn", Translating("in.dxf", "old.dxf", "sqlite:nocolumn.sqlite"),
+             "no such column: LANGUAGE3"},
+        Case{"ImportOfNoExchangeFile",
+             {"import", "in.dxf", "none.csv", "--to", "3", "-o", "old.dxf", "--database",
+              "sqlite:d.sqlite"},
+             "none.csv"},
+        Case{"ExportIntoNoFolder",
+             {"export", "in.dxf", "none/x.csv", "--to", "3", "--database", "sqlite:d.sqlite"},
+             "none/x.csv"},
         Case{"Postgres", {"db", "languages", "--database", "postgresql://a@b/c"}, "postgresql"},
         Case{"LispError", {"run", "in.dxf", "--lisp", "(+ 1 \"a\")"}, "expression failed"},
         Case{"EndlessRecursion",
@@ -115,23 +130,38 @@ class Hardship : public CliTest {
         return Replaced(SampleDrawing(), Groups("0 INSERT\n5 37"),
                         Groups(texts + "0 INSERT\n5 37"));
     }
+
+    // A disk with no room for a file of more bytes than that.
+    void RunWithRoom(rlim_t bytes, const QStringList& arguments) {
+        QProcess process;
+        process.setChildProcessModifier([bytes] {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit{bytes, bytes};
+            setrlimit(RLIMIT_FSIZE, &limit);
+        });
+        Start(process, arguments);
+        ASSERT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitCode(), 1) << arguments.join(' ').toStdString();
+        const std::string err = process.readAllStandardError().toStdString();
+        EXPECT_TRUE(IsOneErrorLine(err)) << err;
+    }
 };
 
-TEST_F(Hardship, AFullDiskLeavesTheOldFile) {
+TEST_F(Hardship, AFullDiskLeavesTheOldFiles) {
     Write("big.dxf", BigDrawing());
+    MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
     Write("out.dxf", "what was there before");
-    QProcess process;
-    process.setChildProcessModifier([] {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{1 << 20, 1 << 20};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    });
-    Start(process, {"copy", "big.dxf", "out.dxf"});
-    ASSERT_TRUE(process.waitForFinished());
-    EXPECT_EQ(process.exitCode(), 1);
-    EXPECT_TRUE(IsOneErrorLine(process.readAllStandardError().toStdString()));
-    EXPECT_EQ(Files(), (QStringList{"big.dxf", "out.dxf"}));
+    Write("old.csv", "what was there before");
+    const QStringList before = Files(), database{"--database", "sqlite:d.sqlite"};
+    const QStringList translated{"--to", "3", "-o", "out.dxf", "--csv", "old.csv"};
+    RunWithRoom(1 << 20, {"copy", "big.dxf", "out.dxf"});
+    RunWithRoom(1 << 20, database + QStringList{"translate", "big.dxf"} + translated);
+    RunWithRoom(40, database + QStringList{"translate", "big.dxf"} + translated);
+    RunWithRoom(40, database + QStringList{"export", "big.dxf", "old.csv", "--to", "3"});
+    RunWithRoom(10, database + QStringList{"db", "terms", "--to-csv", "old.csv"});
+    EXPECT_EQ(Files(), before);
     EXPECT_EQ(Read("out.dxf"), "what was there before");
+    EXPECT_EQ(Read("old.csv"), "what was there before");
 }
 
 TEST_F(Hardship, AResultThatCannotBeWrittenIsAFailure) {

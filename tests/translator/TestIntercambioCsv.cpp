@@ -12,11 +12,12 @@ namespace {
 using ListaExpressoes = ITabelaExpressoes::ListaExpressoes;
 
 std::string Exportado(const std::vector<std::pair<TQString, TQString>>& linhas,
-                      UINT pagina = CP_ACP, size_t perdidos = 0) {
+                      UINT pagina = CP_ACP, size_t perdidos = 0, size_t semVolta = 0) {
     std::ostringstream saida;
     ExportadorCsv exportador(saida, pagina);
     for (const auto& [original, traducao] : linhas) exportador.Escrever(original, traducao);
     EXPECT_EQ(exportador.CaracteresPerdidos(), perdidos);
+    EXPECT_EQ(exportador.LinhasSemVolta(), semVolta);
     EXPECT_EQ(exportador.Linhas(), linhas.size());
     return saida.str();
 }
@@ -48,8 +49,8 @@ TEST(IntercambioCsv, WritesTwoColumnsAndNothingElse) {
     EXPECT_EQ(Exportado({}), "");
     EXPECT_EQ(Exportado({{u"Motor", u"Antrieb"}, {u"Válvula", u""}, {u" ", u"\"x\""}}),
               "Motor;Antrieb\r\nV\xE1lvula;\r\n ;\"x\"\r\n");
-    EXPECT_EQ(Exportado({{u"a;b", u"c;d\ne\r\n"}}), "a;b;c;d\r\ne\r\r\n\r\n");
-    EXPECT_EQ(Exportado({{u"a€Щ🔌", u"\xD800"}}, CP_ACP, 3), "a\x80??;?\r\n");
+    EXPECT_EQ(Exportado({{u"a;b", u"c;d\ne\r\n"}}, CP_ACP, 0, 1), "a;b;c;d\r\ne\r\r\n\r\n");
+    EXPECT_EQ(Exportado({{u"a€Щ🔌", u"\xD800"}}, CP_ACP, 3, 1), "a\x80??;?\r\n");
     EXPECT_EQ(Exportado({{u"aЩ🔌", u"\xDC81"}}, CP_UTF8, 1), "aЩ🔌;\xEF\xBF\xBD\r\n");
     EXPECT_EQ(Exportado({{std::u16string(u"a\0b", 3), u"c"}}), "a;c\r\n");
 }

@@ -1,6 +1,7 @@
 // Writing and reading of the exchange file, byte by byte as the text streams of Windows do it.
 #include "translator/dialogs/IntercambioCsv.h"
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 #include <string>
@@ -153,21 +154,27 @@ std::ifstream AbrirImportacao(const TQString& caminho) {
 ExportadorCsv::ExportadorCsv(std::ostream& saida, UINT pagina) : saida(saida), pagina(pagina) {}
 
 void ExportadorCsv::Escrever(const TQString& original, const TQString& traducao) {
-    EscreverCampo(original);
+    const size_t perdidosAntes = perdidos;
+    const size_t bytesOriginal = EscreverCampo(original);
+    const bool muda = perdidos > perdidosAntes || original.find(kSeparador) != TQString::npos;
     saida << kSeparador;
-    EscreverCampo(traducao);
+    const size_t bytesTraducao = EscreverCampo(traducao);
     saida << "\r\n" << std::flush;
     ++linhas;
+    semVolta += muda || traducao.find(u'\n') != TQString::npos ||
+                std::max(bytesOriginal, bytesTraducao) > kMaxBytesCampo;
 }
 
-void ExportadorCsv::EscreverCampo(const TQString& texto) {
+size_t ExportadorCsv::EscreverCampo(const TQString& texto) {
     const std::u16string_view ateZero = texto.c_str();
-    if (ateZero.empty()) return;
-    for (const char byte : Estreito(pagina, ateZero)) {
+    if (ateZero.empty()) return 0;
+    const std::string bytes = Estreito(pagina, ateZero);
+    for (const char byte : bytes) {
         if (byte == '\n') saida << '\r';
         saida << byte;
     }
     perdidos += QuantosNaoCabem(pagina, ateZero);
+    return bytes.size();
 }
 
 structImportacao ImportarCsv(std::istream& entrada, ITabelaExpressoes::ListaExpressoes* expressoes,

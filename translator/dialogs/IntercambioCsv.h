@@ -38,13 +38,16 @@ class ExportadorCsv {
     // How many characters the page could not hold: they stand in the file as "?", in UTF-8 as
     // U+FFFD.
     size_t CaracteresPerdidos() const { return perdidos; }
+    // How many rows an import will not take back whole: the original has a ";" or a character that
+    // the page could not hold, the translation a line end, or one of them is too long.
+    size_t LinhasSemVolta() const { return semVolta; }
 
   private:
-    void EscreverCampo(const TQString& texto);
+    size_t EscreverCampo(const TQString& texto);  // its length in bytes
 
     std::ostream& saida;
     UINT pagina;
-    size_t linhas = 0, perdidos = 0;
+    size_t linhas = 0, perdidos = 0, semVolta = 0;
 };
 
 // What an import did, in rows of the file. The dialog tells none of it but `tentada`.

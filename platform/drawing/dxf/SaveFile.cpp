@@ -168,9 +168,9 @@ void SyncFolder(const std::string& target) {
 void WriteAndSync(Descriptor& file, const std::string& target,
                   const std::vector<std::string_view>& pieces) {
     if (const int error = WritePieces(file.Number(), pieces))
-        Fail(target, "the drawing cannot be written", error);
-    if (::fsync(file.Number()) != 0) Fail(target, "the drawing cannot be written", errno);
-    if (file.Close() != 0) Fail(target, "the drawing cannot be written", errno);
+        Fail(target, "the file cannot be written", error);
+    if (::fsync(file.Number()) != 0) Fail(target, "the file cannot be written", errno);
+    if (file.Close() != 0) Fail(target, "the file cannot be written", errno);
 }
 
 }  // namespace
