@@ -41,9 +41,8 @@ void MakeDefaultFolder(const GeneralOptions& general) {
     QDir().mkpath(QFileInfo(host::ParseDatabaseUrl(Url(general)).file).path());
 }
 
-void Init(const GeneralOptions& general, const std::string& languagesFile) {
-    const QStringList names = languagesFile.empty() ? QStringList() : ReadNames(languagesFile);
-    MakeDefaultFolder(general);
+// Makes what is missing: the file, the tables, the languages.
+void MakeReady(const GeneralOptions& general, const QStringList& names) {
     host::Dictionary dictionary(Url(general), host::OnMissing::Create);
     QStringList missing = names;
     for (const host::Language& language : dictionary.Languages()) {
@@ -55,6 +54,19 @@ void Init(const GeneralOptions& general, const std::string& languagesFile) {
     dictionary.AddLanguages(missing);
     Output(general).Note("dictionary " + Url(general).toStdString() + " is ready, " +
                          std::to_string(missing.size()) + " languages added");
+}
+
+void Init(const GeneralOptions& general, const std::string& languagesFile) {
+    const QStringList names = languagesFile.empty() ? QStringList() : ReadNames(languagesFile);
+    MakeDefaultFolder(general);
+    const QString file = host::ParseDatabaseUrl(Url(general)).file;
+    const bool isNew = !QFileInfo::exists(file);
+    try {
+        MakeReady(general, names);
+    } catch (...) {
+        if (isNew) QFile::remove(file);
+        throw;
+    }
 }
 
 void PrintLanguages(const GeneralOptions& general, const std::vector<host::Language>& languages) {

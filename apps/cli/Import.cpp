@@ -67,7 +67,7 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     const structImportacao rows = Take(arguments, table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
     translated.Save();
-    progress.Phase("reporting");
+    progress.End();
     Output output(general, arguments.write.save.output == kStandardStream);
     if (output.Json()) {
         output.Object(ToJson(rows, translated.GetReport()));

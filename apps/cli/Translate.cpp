@@ -50,7 +50,7 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     } else {
         WriteTable(arguments.csv, csv, [&] { translated.Save(); });
     }
-    progress.Phase("reporting");
+    progress.End();
     Output output(general, arguments.FillsStdout());
     if (output.Json()) {
         output.Object(ToJson(translated.GetReport()));

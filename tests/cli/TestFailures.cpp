@@ -27,6 +27,7 @@ class Failure : public CliTest, public testing::WithParamInterface<Case> {
         Write("damaged.dxf", Replaced(sample, "\n2.50\n", "\n"));
         Write("foreign.dxf", "\x89PNG\r\n\x1a\n" + std::string(500, '\0'));
         Write("drawing.dwg", "AC1032" + std::string(500, '\0'));
+        Write("twice.txt", "deutsch\nDeutsch\n");
         Write("noise.sqlite", std::string(5000, 'n'));
         MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
         Write("noterms.sqlite", Read("d.sqlite"));
@@ -92,6 +93,9 @@ INSTANTIATE_TEST_SUITE_P(
              {"db", "import", "none.csv", "--database", "sqlite:d.sqlite"},
              "none.csv"},
         Case{"NoDatabase", Translating("in.dxf", "old.dxf", "sqlite:none.sqlite"), "none.sqlite"},
+        Case{"InitWithALanguageTwice",
+             {"db", "init", "--languages", "twice.txt", "--database", "sqlite:new.sqlite"},
+             "there is a language deutsch already"},
         Case{"DatabaseInNoFolder", {"db", "init", "--database", "sqlite:none/d.sqlite"}, "none"},
         Case{"DatabaseIsNoise", Translating("in.dxf", "old.dxf", "sqlite:noise.sqlite"),
              "noise.sqlite"},
