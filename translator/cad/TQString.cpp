@@ -21,7 +21,10 @@ CString PaddedNumber(int number, int minimumWidth) {
 
 TQString::TQString(const char* narrow) : TQString(CString(narrow)) {}
 
-TQString::TQString(const QString& text) : TQString(CMxString(text).ansi_str().c_str()) {}
+// The road leads over narrow text. That is UTF-8 here and ends at a zero character, so what comes
+// out are the units up to there.
+TQString::TQString(const QString& text)
+    : TQString(reinterpret_cast<const char16_t*>(text.utf16())) {}
 
 TQString::TQString(int number, int minimumWidth) : TQString(PaddedNumber(number, minimumWidth)) {}
 
