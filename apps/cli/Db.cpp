@@ -37,8 +37,9 @@ QStringList ReadNames(const std::string& path) {
 
 // The user's own folder for data is made when it is first needed; any other must be there.
 void MakeDefaultFolder(const GeneralOptions& general) {
-    if (NamesDatabase(general)) return;
-    QDir().mkpath(QFileInfo(host::ParseDatabaseUrl(Url(general)).file).path());
+    const host::DatabaseUrl url = host::ParseDatabaseUrl(Url(general));
+    if (NamesDatabase(general) || url.kind != host::DatabaseUrl::Kind::Sqlite) return;
+    QDir().mkpath(QFileInfo(url.file).path());
 }
 
 void Init(const GeneralOptions& general, const std::string& languagesFile) {
@@ -53,7 +54,8 @@ void Init(const GeneralOptions& general, const std::string& languagesFile) {
         });
     }
     dictionary.AddLanguages(missing);
-    Output(general).Note("dictionary " + Url(general).toStdString() + " is ready, " +
+    const QString shown = host::ParseDatabaseUrl(Url(general)).text;  // without a password
+    Output(general).Note("dictionary " + shown.toStdString() + " is ready, " +
                          std::to_string(missing.size()) + " languages added");
 }
 
