@@ -74,7 +74,7 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench"):
+        for name in ("kelvara", "dxf_bench", "dictionary_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -146,6 +146,12 @@ class Bench:
         self.report.at_most("peak memory of translate over the file",
                             ours.peak / drawing.stat().st_size, 3)
 
+    def dictionary(self, size):
+        drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
+        run = Run([self.programs / "dictionary_bench", self.database(drawing)], allowed=(0, 1))
+        print(run.out, end="", flush=True)
+        self.report.missed |= run.status != 0
+
     def growth(self):
         seconds = []
         for count, terms in ((20000, 10000), (200000, 100000)):
@@ -174,6 +180,7 @@ def main():
     for size in sizes:
         bench.store(size)
     bench.translation(sizes[-1])
+    bench.dictionary(sizes[-1])
     bench.growth()
     bench.many_pages()
     return 1 if bench.report.missed else 0

@@ -27,8 +27,8 @@ CommandLine::CommandLine()
     app.add_flag("-v,--verbose", general.verbose, "More messages, and the log of the host");
     app.add_flag("--json", general.json, "Print tables and reports as JSON");
     app.add_option("--database", general.database,
-                   "The dictionary, sqlite:FILE (default: $KELVARA_DATABASE, else a file in the "
-                   "user's data folder)");
+                   "The dictionary, sqlite:FILE or postgresql://USER@HOST/NAME (default: "
+                   "$KELVARA_DATABASE, else a file in the user's data folder)");
 }
 
 CLI::App* CommandLine::Add(CLI::App& parent, const std::string& name, const std::string& help,
