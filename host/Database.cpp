@@ -15,7 +15,9 @@ namespace {
 constexpr std::chrono::milliseconds kIdleAfter{20};
 constexpr std::chrono::milliseconds kBetweenAttempts{100};
 // Other programs wait for a transaction to end, and its queries are kept until then.
-constexpr size_t kLongestTransaction = 10000;
+constexpr std::chrono::milliseconds kLongestTransaction{1000};
+// Behind a long one they get their turn: SQLite lets them look again after 100 ms at the latest.
+constexpr std::chrono::milliseconds kPause{120};
 
 const QString kCommit = QStringLiteral("COMMIT");
 // Around each statement of a transaction: where one that fails spoils the transaction, the writes
@@ -176,6 +178,7 @@ QSqlError Database::BeginWriting() {
     if (writing) return {};
     const QSqlError error = connection->Begin();
     writing = !error.isValid();
+    begun = std::chrono::steady_clock::now();
     if (!writing && patient) {
         connection->SetBusyTimeout(std::chrono::milliseconds(0));
         patient = false;
@@ -224,7 +227,10 @@ CKVQueryResponse Database::ExecuteConnected(const std::shared_ptr<CKVQuery>& que
         response = Attempt(*query);
     }
     Settle(query, response);
-    if (uncommitted.size() >= kLongestTransaction) CommitWrites();
+    if (writing && std::chrono::steady_clock::now() > begun + kLongestTransaction) {
+        CommitWrites();
+        std::this_thread::sleep_for(kPause);
+    }
     return response;
 }
 

@@ -61,7 +61,8 @@ class Database : public CKVDatabase {
     // Used by the worker thread alone.
     std::optional<SqlConnection> connection;
     bool writing = false;  // a transaction is open
-    Writes uncommitted;    // what it holds
+    std::chrono::steady_clock::time_point begun;
+    Writes uncommitted;  // what it holds
     // So that the rest of a burst need not wait for the same lock or server as long again:
     bool patient = true;  // false after a lock that did not go away
     QString unreachable;  // why the database could not be opened

@@ -12,6 +12,8 @@ namespace host {
 
 namespace {
 
+constexpr size_t kRowsAtATime = 100;  // of one statement, since a server may be far away
+
 QString NamesOf(const std::vector<Language>& languages) {
     QStringList names;
     for (const Language& language : languages) names << language.description;
@@ -25,6 +27,11 @@ int PlaceOf(const std::vector<Language>& languages, const QString& nameOrKey) {
         if (named || languages[i].key == wanted) return static_cast<int>(i);
     }
     return -1;
+}
+
+// An empty text is bound as such: a null string would become NULL.
+void Bind(QSqlQuery& query, const QStringList& texts) {
+    for (const QString& text : texts) query.addBindValue(text.isNull() ? QString("") : text);
 }
 
 }  // namespace
@@ -106,25 +113,45 @@ void DictionaryImport::Merge(Known& term, const QStringList& texts) {
 }
 
 ImportReport DictionaryImport::Write() {
-    QStringList markers;
-    for (qsizetype i = 0; i < columns.size(); ++i) markers << QStringLiteral("?");
-    QSqlQuery insert(connection.Handle());
-    insert.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR (%1) VALUES (%2)")
-                       .arg(columns.join(u','), markers.join(u',')));
+    std::vector<const Known*> changed;
+    std::vector<const Known*> added;
+    for (const Known& term : known) {
+        if (term.key == 0) {
+            added.push_back(&term);
+        } else if (term.changed) {
+            changed.push_back(&term);
+        }
+    }
+    Update(changed);
+    Insert(added);
+    return report;
+}
+
+void DictionaryImport::Update(const std::vector<const Known*>& terms) {
     QSqlQuery update(connection.Handle());
     update.prepare(QStringLiteral("UPDATE BDTRANSLATOR SET %1 = ? WHERE TRANS_KEY = ?")
                        .arg(columns.join(QLatin1String(" = ?, "))));
-    for (const Known& term : known) {
-        if (term.key != 0 && !term.changed) continue;
-        QSqlQuery& statement = term.key == 0 ? insert : update;
-        // An empty text is bound as such: a null string would become NULL.
-        for (const QString& text : term.texts) {
-            statement.addBindValue(text.isNull() ? QString("") : text);
-        }
-        if (term.key != 0) statement.addBindValue(term.key);
-        connection.Run(statement);
+    for (const Known* term : terms) {
+        Bind(update, term->texts);
+        update.addBindValue(term->key);
+        connection.Run(update);
     }
-    return report;
+}
+
+void DictionaryImport::Insert(const std::vector<const Known*>& terms) {
+    const QString row = u'(' + QStringList(columns.size(), "?").join(u',') + u')';
+    QSqlQuery insert(connection.Handle());
+    size_t prepared = 0;
+    for (size_t begin = 0; begin < terms.size(); begin += prepared) {
+        const size_t count = std::min(kRowsAtATime, terms.size() - begin);
+        if (count != prepared) {
+            insert.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR (%1) VALUES %2")
+                               .arg(columns.join(u','), QStringList(count, row).join(u',')));
+            prepared = count;
+        }
+        for (size_t i = begin; i < begin + count; ++i) Bind(insert, terms[i]->texts);
+        connection.Run(insert);
+    }
 }
 
 }  // namespace host

@@ -29,6 +29,8 @@ class DictionaryImport {
     void FindColumns(const std::vector<Language>& languages, const QStringList& header);
     bool TooLong(const QStringList& texts) const;
     void Merge(Known& known, const QStringList& texts);
+    void Update(const std::vector<const Known*>& terms);
+    void Insert(const std::vector<const Known*>& terms);
 
     SqlConnection& connection;
     QString url;

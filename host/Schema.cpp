@@ -60,18 +60,19 @@ void RunMissingSteps(SqlConnection& connection) {
     transaction.Commit();
 }
 
+// Tables are counted first: where another program makes them in between, the mark is there too.
 void CheckOwner(SqlConnection& connection, const QString& url, OnMissing onMissing) {
-    if (Number(connection, connection.Dialect().ApplicationId()) == kApplicationId) return;
-    if (Number(connection, connection.Dialect().TableCount()) != 0) {
-        throw Error(
-            QStringLiteral("database %1: it belongs to another program; name another one or "
-                           "create one with kelvara db init")
-                .arg(url));
-    }
-    if (onMissing == OnMissing::Refuse) {
+    if (Number(connection, connection.Dialect().TableCount()) == 0) {
+        if (onMissing == OnMissing::Create) return;
         throw Error(
             QStringLiteral("database %1: it is empty; create the dictionary with kelvara db "
                            "init")
+                .arg(url));
+    }
+    if (Number(connection, connection.Dialect().ApplicationId()) != kApplicationId) {
+        throw Error(
+            QStringLiteral("database %1: it belongs to another program; name another one or "
+                           "create one with kelvara db init")
                 .arg(url));
     }
 }
