@@ -239,6 +239,7 @@ CKVQueryResponse Database::Attempt(const CKVQuery& query) {
     if (!query.IsReadOnly()) error = BeginWriting();
     if (writing && !error.isValid()) error = connection->Try(kSavepoint);
     if (error.isValid()) return CKVQueryResponse::Failure(error);
+    if (!connection->Handle().isOpen()) return CKVQueryResponse();
     CKVQueryResponse response = query.Execute(connection->Handle());
     // Should this fail, the next statement does too, and tells.
     if (writing && response.succeeded()) connection->Try(kRelease);

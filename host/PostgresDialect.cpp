@@ -120,6 +120,7 @@ QStringList PostgresDialect::Greeting() const {
 }
 
 bool PostgresDialect::Answers(const QSqlDatabase& database) const {
+    if (!database.isOpen()) return false;
     QSqlQuery probe(database);
     if (probe.exec(QStringLiteral("SELECT 1"))) return true;
     // Without a code nobody has answered; with these the server has taken its leave.

@@ -66,20 +66,27 @@ bool SqlConnection::IsLost() const { return dialect->HasMoved() || !dialect->Ans
 
 QSqlError SqlConnection::Try(const QString& statement) {
     QSqlQuery query(Handle());
-    query.exec(statement);
-    return query.lastError();
+    return Execute(query, statement);
+}
+
+// On a connection that the driver knows to be broken Qt executes nothing, and tells no error.
+QSqlError SqlConnection::Execute(QSqlQuery& query, const QString& statement) {
+    if (Handle().isOpen() && query.exec(statement)) return {};
+    const QSqlError error = query.lastError();
+    if (error.isValid()) return error;
+    return QSqlError(QString(), QStringLiteral("the connection is broken"),
+                     QSqlError::ConnectionError);
 }
 
 QSqlError SqlConnection::Begin() {
     transaction.clear();
     for (const QString& statement : dialect->Begin()) {
         QSqlQuery query(Handle());
-        if (query.exec(statement)) {
-            transaction = query.next() ? query.value(0).toString() : QString();
-        } else {
+        if (const QSqlError error = Execute(query, statement); error.isValid()) {
             Try(QStringLiteral("ROLLBACK"));
-            return query.lastError();
+            return error;
         }
+        transaction = query.next() ? query.value(0).toString() : QString();
     }
     return {};
 }
@@ -91,7 +98,8 @@ bool SqlConnection::WasCommitted(const QString& earlier) {
 QSqlQuery SqlConnection::Run(const QString& statement) {
     QSqlQuery query(Handle());
     query.setForwardOnly(true);
-    if (!query.exec(statement)) throw Error(Describe(query.lastError()));
+    const QSqlError error = Execute(query, statement);
+    if (error.isValid()) throw Error(Describe(error));
     return query;
 }
 

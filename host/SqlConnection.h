@@ -44,6 +44,7 @@ class SqlConnection {
     QString Describe(const QSqlError& error) const;
 
   private:
+    QSqlError Execute(QSqlQuery& query, const QString& statement);
     void Open(OnMissing onMissing, std::chrono::milliseconds busyTimeout);
 
     DatabaseUrl url;
