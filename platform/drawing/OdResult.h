@@ -15,6 +15,7 @@ enum OdResult {
     eInvalidKey,
     eKeyNotFound,
     eDuplicateKey,
+    eCannotScaleNonUniformly,  // the entity would have to become one of another type
     eStringTooLong,    // the drawing's format has no room for a text; nothing was changed
     eNotApplicable,    // the object or the drawing's version has no such thing
     eNoDictionaries,   // drawings of that version (R12 and older) have no dictionaries
