@@ -126,7 +126,10 @@ void applyRule(const Rule& rule, GroupList& groups, const OdGeMatrix3d& matrix) 
         if (rule.lengths.has(code)) groups.setNumber(i, groups.number(i) * scale);
         if (rule.angles.has(code)) groups.setNumber(i, ocs.angle(groups.number(i)));
     }
-    TransformExtrusion(groups, ocs);
+    // The normal of an entity that lies in no plane is but the direction of its thickness.
+    const bool inPlane = rule.planePoints.codes[0] || rule.vectors.codes[0];
+    const auto has = [&](int code) { return groups.find(code) != GroupList::npos; };
+    if (inPlane || has(39) || has(210)) TransformExtrusion(groups, ocs);
 }
 
 // The entity and what is transformed with it, each with its rule; raises for what cannot be.
