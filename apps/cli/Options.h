@@ -64,6 +64,7 @@ void RegisterProject(CommandLine& line);
 void RegisterTexts(CommandLine& line);
 void RegisterLines(CommandLine& line);
 void RegisterTranslate(CommandLine& line);
+void RegisterSwitch(CommandLine& line);
 void RegisterDb(CommandLine& line);
 void RegisterRun(CommandLine& line);
 

@@ -39,6 +39,7 @@ int main(int argc, char** argv) {
     cli::RegisterTexts(line);
     cli::RegisterLines(line);
     cli::RegisterTranslate(line);
+    cli::RegisterSwitch(line);
     cli::RegisterDb(line);
     cli::RegisterRun(line);
     try {
