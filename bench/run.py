@@ -5,6 +5,7 @@ run.py BUILD [--sizes 10,100]: needs BUILD/bin/kelvara and BUILD/bin/dxf_bench; 
 BUILD/bench and are kept for the next run. The exit status is 1 when a figure is missed.
 """
 import argparse
+import csv
 import json
 import os
 import pathlib
@@ -146,6 +147,31 @@ class Bench:
         self.report.at_most("peak memory of translate over the file",
                             ours.peak / drawing.stat().st_size, 3)
 
+    def language_switch(self, objects):
+        """A project with a record in two languages for about 200,000 objects, 100 MB and more."""
+        drawing = self.drawing(f"{objects}objects", 0, "--objects", objects, "--terms", 100000)
+        recorded = self.folder / "recorded.dxf"
+        terms = drawing.with_suffix(".csv")
+        two = self.folder / "two.csv"
+        with open(terms, encoding="utf-8", newline="") as file, \
+                open(two, "w", encoding="utf-8", newline="") as out:
+            csv.writer(out).writerows((row[0], row[2]) for row in csv.reader(file))
+        database = self.database(two)
+        self.kelvara(database, "translate", drawing, "--from", SOURCE, "--to", TARGET, "--record",
+                     "-o", recorded)
+        ours = median(3, lambda: self.kelvara(None, "switch", recorded, "--to", "1", "-o",
+                                              self.folder / "switched.dxf"))
+        theirs = Run([PYTHON, HERE / "switch_ezdxf.py", recorded, "2", "1",
+                      self.folder / "ezdxf.dxf"])
+        counts = [int(re.search(r"(\d+) strings changed", run.out)[1]) for run in (ours, theirs)]
+        print(f"switch {recorded.name} of {recorded.stat().st_size / 1e6:.0f} MB: "
+              f"{ours.seconds:.2f} s, {ours.peak / 1e6:.0f} MB; ezdxf {theirs.seconds:.2f} s; "
+              f"{counts[0]} strings changed")
+        if counts[0] != counts[1]:
+            raise Failure(f"{recorded}: kelvara changed {counts[0]} strings, ezdxf {counts[1]}")
+        self.report.at_least("switch with its trial and certificate against ezdxf without",
+                             theirs.seconds / ours.seconds, 40)
+
     def growth(self):
         seconds = []
         for count, terms in ((20000, 10000), (200000, 100000)):
@@ -175,6 +201,7 @@ def main():
         bench.store(size)
     bench.translation(sizes[-1])
     bench.growth()
+    bench.language_switch(250000)
     bench.many_pages()
     return 1 if bench.report.missed else 0
 

@@ -42,7 +42,10 @@ std::u16string Difference(const dxf::Store& store, dxf::RecordIndex index) {
     const auto before = Values(store, store.Original(), store.At(index).offset);
     const auto now = Values(store, store.Bytes(index), 0);
     for (size_t i = 0; i < now.size(); ++i) {
-        if (i >= before.size() || before[i] != now[i]) return now[i];
+        if (i < before.size() && before[i] == now[i]) continue;
+        // Of a string of extended data the text is what stands behind its name.
+        const size_t name = now[i].find(traducaoTQ::SEPARADOR_CAMPOS[0]);
+        return name == now[i].npos ? now[i] : now[i].substr(name + 1);
     }
     return {};
 }
@@ -64,48 +67,62 @@ void LanguageSwitch::Remark(uint32_t kind, const TQString& key, const TQString& 
 void LanguageSwitch::Run() {
     const ListaTraduziveis list = scan();
     TrocaDeTextos change(from.key, to.key);
+    objects = SwitchAll(*list, change, from, [&](const ETraduzivel& object, const TQString& before,
+                                       const TQString& after) {
+        texts.push_back({object.GetTipo(), object.GetChave(), HandleOf(object), before, after});
+    }, [&](const ETraduzivel& object, std::string reason) {
+        Remark(object.GetTipo(), object.GetChave(), *object.GetTexto(), std::move(reason));
+    });
+}
+
+size_t LanguageSwitch::SwitchAll(const std::vector<ETraduzivel*>& list, TrocaDeTextos& change,
+                               const SwitchLanguage& source, const OnSwitched& onSwitched,
+                               const OnRemark& onRemark) {
+    std::unordered_map<std::u16string, int> sharers;  // strings of an object, by its key
+    for (const ETraduzivel* object : list) {
+        if (IsXdata(*object)) ++sharers[object->GetChave()];
+    }
     FirstOfBlock first;
-    const ETraduzivel* former = nullptr;
-    for (ETraduzivel* object : *list) {
+    size_t count = 0;
+    for (ETraduzivel* object : list) {
         if (!first.Is(*object)) continue;
-        ++objects;
-        // The strings of one wire stand together in the list.
-        if (former && IsXdata(*object) && former->GetChave() == object->GetChave()) {
-            Remark(object->GetTipo(), object->GetChave(), *object->GetTexto(),
-                   "shares its record with another text of the same object");
+        ++count;
+        const bool shared = IsXdata(*object) && sharers[object->GetChave()] > 1;
+        const auto record = change.RegistroNoDestino(*object);
+        const TQString before = *object->GetTexto();
+        if (!record) {
+            onRemark(*object, "has no record in " + to.name + " and keeps its text");
+            continue;
         }
-        Switch(change, *object);
-        former = object;
+        const auto recorded = traducaoTQ::TextoRegistrado(*record->doObjeto, source.key);
+        const bool asRecorded = recorded && *recorded == before;
+        if (shared && !asRecorded) {
+            onRemark(*object, "shares one record with another string of its object, and keeps its text");
+            continue;
+        }
+        if (recorded && !asRecorded) {
+            onRemark(*object, "was edited since it was recorded; its record in " + source.name +
+                                  " said " + Quoted(*recorded));
+        }
+        try {
+            Apply(change, *object, *record, asRecorded);
+            onSwitched(*object, before, record->texto);
+        } catch (const OdError& error) {
+            if (error.code() != eStringTooLong) throw;
+            onRemark(*object, "keeps its text: " + error.description().narrowText());
+        }
     }
+    return count;
 }
 
-void LanguageSwitch::Switch(TrocaDeTextos& change, ETraduzivel& object) {
-    const TQString before = *object.GetTexto();
-    const auto remark = [&](std::string reason) {
-        Remark(object.GetTipo(), object.GetChave(), before, std::move(reason));
-    };
-    const auto record = change.RegistroNoDestino(object);
-    if (!record) return remark("has no record in " + to.name + " and keeps its text");
-    const auto recorded = traducaoTQ::TextoRegistrado(*record->doObjeto, from.key);
-    if (recorded && *recorded != before) {
-        remark("was edited since it was recorded; its record in " + from.name + " said " +
-               Quoted(*recorded));
-    }
-    try {
-        Apply(change, object, *record);
-    } catch (const OdError& error) {
-        if (error.code() != eStringTooLong) throw;
-        return remark("keeps its text: " + error.description().narrowText());
-    }
-    texts.push_back({object.GetTipo(), object.GetChave(), HandleOf(object), before, record->texto});
-}
-
-// A text in a block is written by its handle: what it says may stand in the block twice.
+// A text in a block is written by its handle: what it says may stand in the block twice. A record
+// that says already what the object said stays as it is.
 void LanguageSwitch::Apply(TrocaDeTextos& change, ETraduzivel& object,
-                           const TrocaDeTextos::Registro& record) {
-    if (!IsBlockText(object)) return change.Aplicar(object, record);
-    traducaoTQ::ETextoTrad text(*object.GetTexto(), object.GetChave());
-    change.Aplicar(text, record);
+                           const TrocaDeTextos::Registro& record, bool asRecorded) {
+    traducaoTQ::ETextoTrad inBlock(*object.GetTexto(), object.GetChave());
+    ETraduzivel& place = IsBlockText(object) ? inBlock : object;
+    if (asRecorded) return place.SetTexto(record.texto);
+    change.Aplicar(place, record);
 }
 
 // Of two strings of one wire under one name the second one is never reached.
@@ -137,12 +154,7 @@ void LanguageSwitch::TryBack() {
     DropLost(list);
     drawing.startUndoRecord(u"switch back");
     TrocaDeTextos change(to.key, from.key);
-    FirstOfBlock first;
-    for (ETraduzivel* object : *list) {
-        if (!first.Is(*object)) continue;
-        const auto record = change.RegistroNoDestino(*object);
-        if (record) Apply(change, *object, *record);
-    }
+    SwitchAll(*list, change, to, [](const auto&...) {}, [](const auto&...) {});
     const dxf::Store& store = drawing.store();
     for (const Text& text : texts) Compare(text, store);
     drawing.endUndoRecord();

@@ -49,9 +49,15 @@ class LanguageSwitch {
         uint64_t handle;
         TQString before, after;
     };
-    void Switch(traducaoTQ::TrocaDeTextos& change, traducaoTQ::ETraduzivel& object);
+    using OnSwitched = std::function<void(const traducaoTQ::ETraduzivel&, const TQString& before,
+                                          const TQString& after)>;
+    using OnRemark = std::function<void(const traducaoTQ::ETraduzivel&, std::string reason)>;
+    // The number of places looked at.
+    size_t SwitchAll(const std::vector<traducaoTQ::ETraduzivel*>& list,
+                   traducaoTQ::TrocaDeTextos& change, const SwitchLanguage& source,
+                   const OnSwitched& onSwitched, const OnRemark& onRemark);
     void Apply(traducaoTQ::TrocaDeTextos& change, traducaoTQ::ETraduzivel& object,
-               const traducaoTQ::TrocaDeTextos::Registro& record);
+               const traducaoTQ::TrocaDeTextos::Registro& record, bool asRecorded);
     void DropLost(const traducaoTQ::ListaTraduziveis& after);
     void Compare(const Text& text, const dxf::Store& store);
     void Remark(uint32_t kind, const TQString& key, const TQString& text, std::string reason);

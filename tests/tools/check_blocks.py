@@ -20,7 +20,10 @@ VALUES = ("radius", "text", "rotation", "height", "start_angle", "end_angle")
 
 
 def findings(doc):
-    audit = doc.audit()
+    try:
+        audit = doc.audit()
+    except KeyError as missing:
+        return collections.Counter([f"broken at {missing}"])
     return collections.Counter(str(entry.code) for entry in audit.errors + audit.fixes)
 
 

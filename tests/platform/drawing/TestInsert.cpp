@@ -4,7 +4,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "platform/drawing/DbBlockReference.h"
 #include "platform/drawing/DbBlockTable.h"
+#include "platform/drawing/DbDictionary.h"
 #include "platform/drawing/DbLayerTable.h"
 #include "platform/drawing/DbText.h"
 #include "tests/platform/drawing/DrawingBuilder.h"
@@ -123,8 +125,7 @@ TEST(Insert, AnonymousBlocksGetFreeNamesAndExtensionDictionariesComeWhole) {
     EXPECT_EQ(inner->newIterator()->entity()->layer(), u"Net");
     const OdDbEntityPtr circle = got.at(1);
     const std::string bytes = got.bytes(*circle);
-    const size_t at = bytes.find(Ascii("102 {ACAD_XDICTIONARY\n")) + 22 + 4;
-    const OdDbHandle handle(bytes.substr(at + 4).c_str());
+    const OdDbHandle handle(bytes.substr(bytes.find("360\n") + 4).c_str());
     const OdDbObjectPtr extension = got.target->getOdDbObjectId(handle).openObject();
     ASSERT_FALSE(extension.isNull()) << bytes;
     EXPECT_EQ(extension->ownerId(), circle->objectId());

@@ -110,14 +110,14 @@ TEST(NewAttributes, TheFirstAnnouncesThemTheLastErasedTakesThatBack) {
         EXPECT_EQ(attributes()[1]->textString(), u"Bomba");
         EXPECT_EQ(attributes()[1]->ownerId(), insert->objectId());
         EXPECT_TRUE(attributes()[3]->isMTextAttribute());
-        EXPECT_NE(drawing->toBytes().find(Ascii("66 1\n2 B\n").c_str()), std::string::npos);
+        EXPECT_NE(drawing->toBytes().find(Ascii("66      1\n2 B\n")), std::string::npos);
         attributes()[3]->setTextString(u"two\nlines");
         drawing->endUndoRecord();
         const OdDbDatabasePtr again = Reopened(*drawing);
         EXPECT_FALSE(again->isReadOnly());
         for (const OdDbAttributePtr& attribute : attributes()) attribute->erase();
         EXPECT_EQ(drawing->toBytes().find("SEQEND"), std::string::npos);
-        EXPECT_EQ(drawing->toBytes().find(Ascii("66 1\n")), std::string::npos);
+        EXPECT_EQ(drawing->toBytes().find(Ascii("66      1\n")), std::string::npos);
         drawing->startUndoRecord();
         makeAttributes(insert);
         drawing->endUndoRecord();
@@ -158,8 +158,8 @@ TEST(NewAttributes, OldDrawingsGetThemInTheirOwnForm) {
     ASSERT_EQ(references.length(), 1u);
     makeAttributes(references[0].openObject(OdDb::kForWrite));
     EXPECT_NE(drawing->toBytes().find(
-                  Ascii("0 INSERT\n8 0\n66 1\n2 B\n10 10.0\n20 0.0\n30 0.0\n0 ATTRIB\n8 0\n10 11.0\n"
-                        "20 2.0\n30 0.0\n40 1.0\n1 v\n2 T\n70 0\n0 SEQEND\n8 0\n")),
+                  Ascii("0 INSERT\n8 0\n66      1\n2 B\n10 10.0\n20 0.0\n30 0.0\n0 ATTRIB\n8 0\n10 11.0\n"
+                        "20 2.0\n30 0.0\n40 1.0\n1 v\n2 T\n70      0\n0 SEQEND\n8 0\n")),
               std::string::npos)
         << drawing->toBytes();
 }
