@@ -148,7 +148,7 @@ class Bench:
                             ours.peak / drawing.stat().st_size, 3)
 
     def language_switch(self, objects):
-        """A project with a record in two languages for about 200,000 objects, 100 MB and more."""
+        """Half of the objects have a record, in two languages: 200,000 in 165 MB."""
         drawing = self.drawing(f"{objects}objects", 0, "--objects", objects, "--terms", 100000)
         recorded = self.folder / "recorded.dxf"
         terms = drawing.with_suffix(".csv")
@@ -201,7 +201,7 @@ def main():
         bench.store(size)
     bench.translation(sizes[-1])
     bench.growth()
-    bench.language_switch(250000)
+    bench.language_switch(400000)
     bench.many_pages()
     return 1 if bench.report.missed else 0
 

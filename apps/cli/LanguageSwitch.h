@@ -1,13 +1,13 @@
 // The switch of a drawing to the language that its records hold, and what of it can be taken back.
 #pragma once
 
-#include <functional>
 #include <string>
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "apps/cli/Certificate.h"
-#include "apps/cli/Progress.h"
-#include "apps/cli/Session.h"
+#include "platform/drawing/DbDatabase.h"
 #include "translator/engine/ListaTraduziveis.h"
 #include "translator/engine/TrocaIdioma.h"
 
@@ -24,17 +24,15 @@ struct SwitchLanguage {
     std::string name;
 };
 
+// Every text is given in memory what the way back would give it, compared with what it was, and
+// then switched. A record that says already what its object says stays as it is; a text in a block
+// is written by its handle, since what it says may stand in the block twice.
 class LanguageSwitch {
   public:
-    using ScanDrawing = std::function<traducaoTQ::ListaTraduziveis()>;
+    LanguageSwitch(OdDbDatabase& drawing, SwitchLanguage from, SwitchLanguage to);
 
-    LanguageSwitch(OdDbDatabase& drawing, ScanDrawing scan, SwitchLanguage from, SwitchLanguage to);
-
-    // Switches the drawing in memory. Errors of the scan and of the records pass.
-    void Run();
-    // Switches back and finds out which texts are others than before Run, then takes that back, so
-    // that the drawing is as Run left it.
-    void TryBack();
+    // The objects of a scan of that drawing, whose texts change. Errors of the records pass.
+    void Run(const std::vector<traducaoTQ::ETraduzivel*>& list);
 
     size_t Objects() const { return objects; }
     size_t Switched() const { return texts.size(); }
@@ -43,29 +41,26 @@ class LanguageSwitch {
     std::vector<ExpectedText> Expected() const;
 
   private:
+    using Registro = traducaoTQ::TrocaDeTextos::Registro;
+
     struct Text {
-        uint32_t kind;
-        TQString key;
         uint64_t handle;
+        bool xdata;
         TQString before, after;
     };
-    using OnSwitched = std::function<void(const traducaoTQ::ETraduzivel&, const TQString& before,
-                                          const TQString& after)>;
-    using OnRemark = std::function<void(const traducaoTQ::ETraduzivel&, std::string reason)>;
-    // The number of places looked at.
-    size_t SwitchAll(const std::vector<traducaoTQ::ETraduzivel*>& list,
-                   traducaoTQ::TrocaDeTextos& change, const SwitchLanguage& source,
-                   const OnSwitched& onSwitched, const OnRemark& onRemark);
-    void Apply(traducaoTQ::TrocaDeTextos& change, traducaoTQ::ETraduzivel& object,
-               const traducaoTQ::TrocaDeTextos::Registro& record, bool asRecorded);
-    void DropLost(const traducaoTQ::ListaTraduziveis& after);
-    void Compare(const Text& text, const dxf::Store& store);
-    void Remark(uint32_t kind, const TQString& key, const TQString& text, std::string reason);
+    bool IsShared(const traducaoTQ::ETraduzivel& object) const;
+    void Switch(traducaoTQ::ETraduzivel& object);
+    void Apply(traducaoTQ::ETraduzivel& place, const Registro& record, bool asRecorded);
+    void TryBack(const traducaoTQ::ETraduzivel& object, traducaoTQ::ETraduzivel& place,
+                 const TQString& before, TQString after);
+    void Remark(const traducaoTQ::ETraduzivel& object, const TQString& text, std::string reason);
 
-    OdDbDatabase& drawing;
-    ScanDrawing scan;
+    const dxf::Store& store;
     SwitchLanguage from, to;
+    traducaoTQ::TrocaDeTextos change;
     size_t objects = 0;
+    std::unordered_map<std::u16string, int> strings;  // of extended data, by key without case
+    std::string was;  // the record that is tried, kept for its memory
     std::vector<Text> texts;
     std::vector<NotReversible> remarks;
 };

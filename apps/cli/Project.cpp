@@ -1,9 +1,9 @@
 // kelvara project: shows or sets the language that a project is in.
+#include "host/Project.h"
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
 #include "apps/cli/ProjectLanguage.h"
 #include "apps/cli/Saving.h"
-#include "host/Project.h"
 
 namespace cli {
 
@@ -53,8 +53,7 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
         }
     }
     if (output.Json()) {
-        output.Object(
-            {{"language", key}, {"name", QString::fromStdString(names.NameOf(key))}});
+        output.Object({{"language", key}, {"name", QString::fromStdString(names.NameOf(key))}});
     } else {
         output.Line(names.NameOf(key));
     }

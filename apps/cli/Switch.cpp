@@ -38,8 +38,9 @@ int SourceLanguage(Session& session, const LanguageNames& names, int target) {
     const int source = session.ProjectLanguage();
     const std::string file = session.Document().FileName();
     if (source < 0) {
-        throw Error(file + ": the project has no language yet; say which one its texts are in "
-                           "with 'kelvara project --language', or translate it with --record");
+        throw Error(file +
+                    ": the project has no language yet; say which one its texts are in "
+                    "with 'kelvara project --language', or translate it with --record");
     }
     if (source == target) {
         throw Error(file + ": the project is in language " + names.NameOf(target) +
@@ -48,14 +49,9 @@ int SourceLanguage(Session& session, const LanguageNames& names, int target) {
     return source;
 }
 
-LanguageSwitch::ScanDrawing ScanOf(Session& session, bool strict) {
-    if (strict) {
-        return [] {
-            return traducaoTQ::ITradCad().BuscarTraduziveis(true, true, true, true, false, true,
-                                                            false);
-        };
-    }
-    return [&session] { return Scan(session, {}).Run(); };
+traducaoTQ::ListaTraduziveis ScanOf(Session& session, bool strict) {
+    if (!strict) return Scan(session, {}).Run();
+    return traducaoTQ::ITradCad().BuscarTraduziveis(true, true, true, true, false, true, false);
 }
 
 QJsonObject ToJson(const LanguageSwitch& change, const std::optional<Certificate>& certificate) {
@@ -116,12 +112,11 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     const int target = names.KeyOf(arguments.to);
     const int source = SourceLanguage(session, names, target);
 
-    LanguageSwitch change(session.Drawing(), ScanOf(session, arguments.strict),
-                          LanguageOf(names, source), LanguageOf(names, target));
-    progress.Phase("switching");
-    change.Run();
-    progress.Phase("trying the way back");
-    change.TryBack();
+    progress.Phase("scanning");
+    const traducaoTQ::ListaTraduziveis list = ScanOf(session, arguments.strict);
+    progress.Phase("switching there and back");
+    LanguageSwitch change(session.Drawing(), LanguageOf(names, source), LanguageOf(names, target));
+    change.Run(*list);
     std::optional<Certificate> certificate;
     if (!arguments.save.output.empty()) {
         certificate = Save(arguments, session, change, target, progress);

@@ -33,7 +33,7 @@ class Clone {
     struct Piece {
         dxf::RecordIndex source;
         enum Kind { Entity, Symbol, Object } kind;
-        uint64_t owner;        // handle, 0 for none
+        uint64_t owner;         // handle, 0 for none
         size_t block = kGiven;  // of an entity: which of the new blocks it goes into
         std::string bytes = {};
         dxf::RecordIndex written = dxf::kNoRecord;

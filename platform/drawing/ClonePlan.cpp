@@ -23,10 +23,9 @@ void Clone::Plan(const std::vector<RecordIndex>& entities, uint64_t ownerHandle)
         const auto name = [](const dxf::Store& store) {
             return OdString(store.VersionName().empty() ? "R12" : store.VersionName().c_str());
         };
-        throw OdError(eNotApplicable,
-                      u"a block of a drawing of version " + name(from.store) +
-                          u" cannot be put into one of version " + name(to.store) +
-                          u"; save the source in the version of the project");
+        throw OdError(eNotApplicable, u"a block of a drawing of version " + name(from.store) +
+                                          u" cannot be put into one of version " + name(to.store) +
+                                          u"; save the source in the version of the project");
     }
     for (const RecordIndex entity : entities) TakeEntity(entity, ownerHandle, kGiven);
     for (size_t i = 0; i < pieces.size(); ++i) Follow(pieces[i].source);

@@ -53,9 +53,8 @@ class PieceWriter {
     }
 
     void TakeValue(const dxf::Group& group, Role role) {
-        const auto renamed = role == Role::Block
-                                 ? clone.blockNames.find(std::string(group.value))
-                                 : clone.blockNames.end();
+        const auto renamed = role == Role::Block ? clone.blockNames.find(std::string(group.value))
+                                                 : clone.blockNames.end();
         if (renamed != clone.blockNames.end()) {
             writer.String(group.code, renamed->second);
         } else {
@@ -166,7 +165,8 @@ void Clone::PutClasses() {
     for (const RecordIndex source : newClasses) {
         RecordIndex& end = to.structure.classesEnd;
         if (end == kNoRecord || to.isErased(end)) {
-            if (to.structure.headerEnd == kNoRecord) return;  // no place that programs would look at
+            if (to.structure.headerEnd == kNoRecord)
+                return;  // no place that programs would look at
             dxf::GroupWriter writer = to.store.NewWriter();
             const RecordIndex section = to.store.InsertAfter(
                 to.structure.headerEnd, writer.String(0, "SECTION").String(2, "CLASSES").Take());
@@ -201,9 +201,9 @@ void Clone::PutPieces(uint32_t ownerBlock) {
                 piece.block == kGiven ? ownerBlock : newBlocks[piece.block].written;
             piece.written = to.addEntity(block, std::move(piece.bytes));
         } else if (piece.kind == Piece::Symbol) {
-            piece.written = AddSymbol(to, SymbolKindOf(from.store, piece.source),
-                                      OdString(NameOfSymbol(from.store, piece.source)),
-                                      std::move(piece.bytes));
+            piece.written =
+                AddSymbol(to, SymbolKindOf(from.store, piece.source),
+                          OdString(NameOfSymbol(from.store, piece.source)), std::move(piece.bytes));
         } else {
             piece.written = to.store.InsertAfter(to.lastObject(), std::move(piece.bytes));
         }

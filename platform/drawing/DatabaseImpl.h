@@ -65,7 +65,7 @@ class OdDbDatabaseImpl {
     struct NewBlock {
         OdString name;
         OdGePoint3d origin;
-        uint64_t handle = 0;  // of its record; 0: a new one
+        uint64_t handle = 0;       // of its record; 0: a new one
         std::string recordGroups;  // of its record behind the name
     };
     uint32_t addBlock(const NewBlock& block);

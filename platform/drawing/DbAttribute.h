@@ -55,7 +55,7 @@ class OdDbAttribute : public OdDbText {
   private:
     friend class OdDbBlockReference;
 
-    NewAttribute& fresh();  // raises eNotApplicable
+    NewAttribute& fresh();                  // raises eNotApplicable
     std::unique_ptr<NewAttribute> pending;  // while it is in no database
 };
 using OdDbAttributePtr = OdSmartPtr<OdDbAttribute>;

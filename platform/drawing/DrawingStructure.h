@@ -20,7 +20,7 @@ struct DrawingStructure {
     explicit DrawingStructure(const dxf::Store& store);
 
     Table layers, blockRecords, applications;
-    Table linetypes, textStyles, dimStyles;          // without their records
+    Table linetypes, textStyles, dimStyles;  // without their records
     std::vector<Block> blocks;
     dxf::RecordIndex tablesEnd = dxf::kNoRecord;      // the ENDSEC
     dxf::RecordIndex blocksEnd = dxf::kNoRecord;      // the ENDSEC

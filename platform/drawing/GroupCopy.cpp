@@ -17,14 +17,14 @@ struct GroupRow {
     Version since;
 };
 constexpr GroupRow kGroups[] = {
-    {"AcDbEntity", 92, 92, Version::R2000},          // with its 310: the picture that a program
-    {"AcDbEntity", 160, 160, Version::R2010},        // keeps for others
-    {"AcDbEntity", 310, 310, Version::R2000},        //
-    {"AcDbEntity", 370, 370, Version::R2000},        //
-    {"AcDbEntity", 390, 390, Version::R2000},        //
-    {"AcDbEntity", 420, 440, Version::R2004},        //
-    {"AcDbEntity", 284, 284, Version::R2007},        //
-    {"AcDbEntity", 347, 348, Version::R2007},        //
+    {"AcDbEntity", 92, 92, Version::R2000},    // with its 310: the picture that a program
+    {"AcDbEntity", 160, 160, Version::R2010},  // keeps for others
+    {"AcDbEntity", 310, 310, Version::R2000},  //
+    {"AcDbEntity", 370, 370, Version::R2000},  //
+    {"AcDbEntity", 390, 390, Version::R2000},  //
+    {"AcDbEntity", 420, 440, Version::R2004},  //
+    {"AcDbEntity", 284, 284, Version::R2007},  //
+    {"AcDbEntity", 347, 348, Version::R2007},  //
     {"AcDbLayerTableRecord", 290, 290, Version::R2000},
     {"AcDbLayerTableRecord", 370, 390, Version::R2000},
     {"AcDbLayerTableRecord", 347, 348, Version::R2007},
@@ -49,29 +49,43 @@ struct TypeRow {
     Version since;
 };
 constexpr TypeRow kTypes[] = {
-    {"ACAD_TABLE", Version::R2004},    {"ARC_DIMENSION", Version::R2004},
-    {"BODY", Version::R13},            {"3DSOLID", Version::R13},
-    {"DGNUNDERLAY", Version::R2007},   {"DWFUNDERLAY", Version::R2007},
-    {"ELLIPSE", Version::R13},         {"EXTRUDEDSURFACE", Version::R2007},
-    {"HATCH", Version::R14},           {"HELIX", Version::R2007},
-    {"IMAGE", Version::R14},           {"LARGE_RADIAL_DIMENSION", Version::R2004},
-    {"LEADER", Version::R13},          {"LIGHT", Version::R2007},
-    {"LOFTEDSURFACE", Version::R2007}, {"LWPOLYLINE", Version::R14},
-    {"MESH", Version::R2010},          {"MLINE", Version::R13},
-    {"MTEXT", Version::R13},           {"MULTILEADER", Version::R2004},
-    {"OLE2FRAME", Version::R14},       {"PDFUNDERLAY", Version::R2010},
-    {"PLANESURFACE", Version::R2007},  {"RAY", Version::R13},
-    {"REGION", Version::R13},          {"REVOLVEDSURFACE", Version::R2007},
-    {"SECTION", Version::R2007},       {"SPLINE", Version::R13},
-    {"SURFACE", Version::R2007},       {"SWEPTSURFACE", Version::R2007},
-    {"TOLERANCE", Version::R13},       {"WIPEOUT", Version::R14},
+    {"ACAD_TABLE", Version::R2004},
+    {"ARC_DIMENSION", Version::R2004},
+    {"BODY", Version::R13},
+    {"3DSOLID", Version::R13},
+    {"DGNUNDERLAY", Version::R2007},
+    {"DWFUNDERLAY", Version::R2007},
+    {"ELLIPSE", Version::R13},
+    {"EXTRUDEDSURFACE", Version::R2007},
+    {"HATCH", Version::R14},
+    {"HELIX", Version::R2007},
+    {"IMAGE", Version::R14},
+    {"LARGE_RADIAL_DIMENSION", Version::R2004},
+    {"LEADER", Version::R13},
+    {"LIGHT", Version::R2007},
+    {"LOFTEDSURFACE", Version::R2007},
+    {"LWPOLYLINE", Version::R14},
+    {"MESH", Version::R2010},
+    {"MLINE", Version::R13},
+    {"MTEXT", Version::R13},
+    {"MULTILEADER", Version::R2004},
+    {"OLE2FRAME", Version::R14},
+    {"PDFUNDERLAY", Version::R2010},
+    {"PLANESURFACE", Version::R2007},
+    {"RAY", Version::R13},
+    {"REGION", Version::R13},
+    {"REVOLVEDSURFACE", Version::R2007},
+    {"SECTION", Version::R2007},
+    {"SPLINE", Version::R13},
+    {"SURFACE", Version::R2007},
+    {"SWEPTSURFACE", Version::R2007},
+    {"TOLERANCE", Version::R13},
+    {"WIPEOUT", Version::R14},
     {"XLINE", Version::R13},
 };
 
 std::string bytesOfHex(std::string_view hex) {
-    const auto digit = [](char c) {
-        return c <= '9' ? c - '0' : (c & ~0x20) - 'A' + 10;
-    };
+    const auto digit = [](char c) { return c <= '9' ? c - '0' : (c & ~0x20) - 'A' + 10; };
     std::string bytes;
     for (size_t i = 0; i + 1 < hex.size(); i += 2) {
         bytes += static_cast<char>(digit(hex[i]) * 16 + digit(hex[i + 1]));
@@ -83,10 +97,10 @@ std::string bytesOfHex(std::string_view hex) {
 
 GroupCopy::GroupCopy(const dxf::Store& from, const dxf::Store& to)
     : from(from), to(to), source(from.FileVersion()), version(to.FileVersion()) {
-    samePage = from.Codec().Utf8() == to.Codec().Utf8() &&
-               (to.Codec().Utf8() ||
-                text::CompareNoCase(text::WideFromNarrow(from.CodePageName()),
-                                    text::WideFromNarrow(to.CodePageName())) == 0);
+    samePage =
+        from.Codec().Utf8() == to.Codec().Utf8() &&
+        (to.Codec().Utf8() || text::CompareNoCase(text::WideFromNarrow(from.CodePageName()),
+                                                  text::WideFromNarrow(to.CodePageName())) == 0);
     sameFormat = from.FileFormat() == to.FileFormat();
     samePage = samePage && sameFormat;  // a value of a binary drawing may hold line ends
 }

@@ -41,9 +41,7 @@ void GroupList::setNumber(size_t i, double value) {
     items[i].number = value;
 }
 
-bool GroupList::hasZ(size_t i) const {
-    return i + 2 < items.size() && code(i + 2) == code(i) + 20;
-}
+bool GroupList::hasZ(size_t i) const { return i + 2 < items.size() && code(i + 2) == code(i) + 20; }
 
 OdGePoint3d GroupList::point(size_t i) const {
     const bool hasY = i + 1 < items.size() && code(i + 1) == code(i) + 10;
@@ -73,8 +71,9 @@ void GroupList::apply() {
         if (item.before.empty() && item.bytes.empty()) continue;
         bytes += old.substr(done, item.group.begin - done);
         bytes += item.before;
-        bytes += item.bytes.empty() ? old.substr(item.group.begin, item.group.end - item.group.begin)
-                                    : std::string_view(item.bytes);
+        bytes += item.bytes.empty()
+                     ? old.substr(item.group.begin, item.group.end - item.group.begin)
+                     : std::string_view(item.bytes);
         done = item.group.end;
     }
     if (done == 0) return;

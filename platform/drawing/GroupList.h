@@ -23,7 +23,7 @@ class GroupList {
     // Groups of applications between 102 { and 102 } are passed over.
     size_t find(int code, size_t from = 0, size_t to = npos) const;
 
-    double number(size_t i) const;  // as it stands now, also after setNumber
+    double number(size_t i) const;                   // as it stands now, also after setNumber
     double numberOf(int code, double absent) const;  // of the first own group of that code
     void setNumber(size_t i, double value);          // the number that stands there is no change
     // x stands at i, y and z behind it; without z it is 0, and is not written.

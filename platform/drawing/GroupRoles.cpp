@@ -87,9 +87,9 @@ Role RoleReader::roleOfControl(const Group& group) {
         control = Control::None;
         return inside ? Role::ControlEnd : Role::Plain;
     }
-    control = group.value.starts_with("{ACAD_REACTORS")       ? Control::Reactors
+    control = group.value.starts_with("{ACAD_REACTORS")      ? Control::Reactors
               : group.value.starts_with("{ACAD_XDICTIONARY") ? Control::Extension
-                                                              : Control::Other;
+                                                             : Control::Other;
     return Role::ControlBegin;
 }
 

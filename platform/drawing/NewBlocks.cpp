@@ -68,8 +68,8 @@ uint32_t OdDbDatabaseImpl::addBlock(const NewBlock& block) {
     const uint64_t handle = block.handle || !writesHandles() ? block.handle : newHandle();
     const bool withRecord = writesHandles() && stands(store, structure.blockRecords.end);
     const RecordIndex record = withRecord ? addBlockRecord(block, handle) : kNoRecord;
-    const auto definition = addDefinition(block, withRecord ? newHandle() : handle,
-                                          withRecord ? handle : 0);
+    const auto definition =
+        addDefinition(block, withRecord ? newHandle() : handle, withRecord ? handle : 0);
     const uint32_t index = withRecord ? record : definition.begin;
     blocks.blockAdded(index, block.name, definition);
     return index;
@@ -80,8 +80,8 @@ RecordIndex OdDbDatabaseImpl::addEntity(uint32_t block, std::string bytes) {
     RecordIndex behind = end;
     if (block == blocks.modelSpace()) behind = structure.entitiesEnd;
     if (!stands(store, behind)) {
-        throw OdError(eNotApplicable, u"the drawing has no place for entities of block " +
-                                          blocks.nameOf(block));
+        throw OdError(eNotApplicable,
+                      u"the drawing has no place for entities of block " + blocks.nameOf(block));
     }
     const RecordIndex added = store.InsertAfter(store.Previous(behind), std::move(bytes));
     if (store.At(added).handle == 0) assignMemoryHandle(added);

@@ -14,8 +14,7 @@ double DegreesOf(const OdGeVector3d& direction) {
 OcsTransform::OcsTransform(const OdGeVector3d& normal, const OdGeMatrix3d& matrix)
     : matrix(matrix), oldPlane(OdGeMatrix3d::planeToWorld(normal)), newNormal(normal) {
     if (!matrix.isTranslation()) {
-        newNormal =
-            (matrix * oldPlane.xAxis).crossProduct(matrix * oldPlane.yAxis).normal();
+        newNormal = (matrix * oldPlane.xAxis).crossProduct(matrix * oldPlane.yAxis).normal();
     }
     newPlane = OdGeMatrix3d::planeToWorld(newNormal);
 }

@@ -12,7 +12,7 @@ namespace {
 struct TableRow {
     Role kind;
     std::string_view record, table;
-    DrawingStructure::Table DrawingStructure::* member;
+    DrawingStructure::Table DrawingStructure::*member;
 };
 constexpr TableRow kTables[] = {
     {Role::Layer, "LAYER", "LAYER", &DrawingStructure::layers},

@@ -27,11 +27,11 @@ struct Codes {
 struct Rule {
     std::string_view type;
     Bears bears;
-    Codes points;           // of the world
-    Codes vectors;          // of the world, with a length that counts
-    Codes directions;       // of the world, of length 1
-    Codes planePoints;      // in object coordinates
-    Codes lengths, angles;  // angles in degrees, in object coordinates
+    Codes points;                     // of the world
+    Codes vectors;                    // of the world, with a length that counts
+    Codes directions;                 // of the world, of length 1
+    Codes planePoints;                // in object coordinates
+    Codes lengths, angles;            // angles in degrees, in object coordinates
     TransformRecord whole = nullptr;  // in place of all that
 };
 
@@ -103,8 +103,9 @@ void check(const dxf::Store& store, RecordIndex index, const Rule* rule,
                            u" (" + groups::Decode(store, store.TypeName(index)) + u")";
     if (!rule) {
         throw OdError(eNotApplicable,
-                      where + u" cannot be moved: its geometry is closed; take it out of the "
-                              u"block, or set the base point of its drawing to 0,0,0");
+                      where +
+                          u" cannot be moved: its geometry is closed; take it out of the "
+                          u"block, or set the base point of its drawing to 0,0,0");
     }
     if (!bears(*rule, matrix)) {
         throw OdError(eCannotScaleNonUniformly,

@@ -82,18 +82,20 @@ class HatchWalk {
             default:
                 break;
         }
-        if (part == Part::Polyline && groups.code(i) == 10) movePoint(i);
+        if (part == Part::Polyline && groups.code(i) == 10) movePair(i);
         if (part == Part::Edges) takeEdge(i);
         if (part == Part::Pattern) takePattern(i);
     }
 
-    void movePoint(size_t i) {
-        const OdGePoint3d old = groups.point(i);
-        const OdGePoint3d moved = ocs.point({old.x, old.y, height});
+    // x and y stand one behind the other.
+    void movePair(size_t i) {
+        if (i + 1 >= groups.ownEnd()) return;
+        const OdGePoint3d moved = ocs.point({groups.number(i), groups.number(i + 1), height});
         groups.setNumber(i, moved.x);
         groups.setNumber(i + 1, moved.y);
     }
     void turnVector(size_t i) {
+        if (i + 1 >= groups.ownEnd()) return;
         const OdGeVector3d turned = ocs.vector({groups.number(i), groups.number(i + 1), 0});
         groups.setNumber(i, turned.x);
         groups.setNumber(i + 1, turned.y);
@@ -108,14 +110,13 @@ class HatchWalk {
     }
 
     void takeEdge(size_t i) {
-        constexpr int64_t kLine = 1, kArc = 2, kEllipse = 3, kSpline = 4;
+        constexpr int64_t kArc = 2, kEllipse = 3, kSpline = 4;
         const int code = groups.code(i);
-        if (code == 10) movePoint(i);
-        if (code == 11) edge == kEllipse ? turnVector(i) : movePoint(i);
+        if (code == 10) movePair(i);
+        if (code == 11) edge == kEllipse ? turnVector(i) : movePair(i);
         if ((code == 12 || code == 13) && edge == kSpline) turnVector(i);
         if (edge == kArc && code == 40) groups.setNumber(i, groups.number(i) * scale);
         if (edge == kArc && code == 50) takeArcAngles(i);
-        static_cast<void>(kLine);
     }
 
     // Both together: a full circle stays one.
@@ -130,20 +131,14 @@ class HatchWalk {
 
     void takePattern(size_t i) {
         const int code = groups.code(i);
-        if (code == 10) movePoint(i);  // seeds
+        if (code == 10) movePair(i);  // seeds
         if (code == 52 || code == 53) groups.setNumber(i, ocs.angle(groups.number(i)));
         if (code == 41 || code == 47 || code == 49) {
             groups.setNumber(i, groups.number(i) * scale);
         }
-        if (code == 43 && i + 1 < groups.ownEnd()) movePatternBase(i);
-        if (code == 45 && i + 1 < groups.ownEnd()) turnPair(i);
+        if (code == 43) movePair(i);  // the base of a line of the pattern: x in 43, y in 44
+        if (code == 45) turnVector(i);
     }
-    void movePatternBase(size_t i) {
-        const OdGePoint3d moved = ocs.point({groups.number(i), groups.number(i + 1), height});
-        groups.setNumber(i, moved.x);
-        groups.setNumber(i + 1, moved.y);
-    }
-    void turnPair(size_t i) { turnVector(i); }
 
     GroupList& groups;
     OcsTransform ocs;

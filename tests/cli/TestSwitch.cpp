@@ -22,9 +22,9 @@ class Switch : public CliTest {
     // A drawing whose texts are recorded, in the languages of the dictionary.
     void Record(const std::string& drawing, const std::string& to = "Deutsch") {
         Write("in.dxf", drawing);
-        const CliResult made = Run(kDatabase + QStringList{"translate", "in.dxf", "--from", "1",
-                                                           "--to", QString::fromStdString(to),
-                                                           "--record", "-o", "in.dxf"});
+        const CliResult made =
+            Run(kDatabase + QStringList{"translate", "in.dxf", "--from", "1", "--to",
+                                        QString::fromStdString(to), "--record", "-o", "in.dxf"});
         ASSERT_EQ(made.status, 0) << made.err;
     }
     CliResult To(const char* language, const QStringList& more) {
@@ -41,8 +41,9 @@ TEST_F(Switch, EveryKindGoesThereAndBackWithItsCertificate) {
     Record(SampleDrawing());
     const CliResult back = To("Português", {"-o", "pt.dxf"});
     ASSERT_EQ(back.status, 0) << back.err;
-    EXPECT_TRUE(back.out.starts_with("objects         9\nswitched        9\nnot reversible  0\n"
-                                     "certificate     9 strings changed, 0 other values changed, "))
+    EXPECT_TRUE(
+        back.out.starts_with("objects         9\nswitched        9\nnot reversible  0\n"
+                             "certificate     9 strings changed, 0 other values changed, "))
         << back.out;
     EXPECT_EQ(WithoutRecords(Read("pt.dxf")), WithoutRecords(SampleDrawing()));
     EXPECT_EQ(Run(kDatabase + QStringList{"project", "pt.dxf"}).out, "1 Português\n");
@@ -64,8 +65,10 @@ TEST_F(Switch, TextsAndWiresOfAnyContentComeBackByteByByte) {
         const std::string term = text(), handle = QString::number(0x200 + i, 16).toStdString();
         terms += term + "," + text() + "," + text() + "\n";
         entities += i % 2 ? Groups("0 TEXT\n5 " + handle + "\n8 P1\n40 2.5\n1 " + term + "\n")
-                          : Groups("0 LWPOLYLINE\n5 " + handle + "\n8 P2\n90 0\n1001 VRN_TQ_WIRE\n"
-                                   "1070 1\n1070 2\n1000 W^L" + term + "\n");
+                          : Groups("0 LWPOLYLINE\n5 " + handle +
+                                   "\n8 P2\n90 0\n1001 VRN_TQ_WIRE\n"
+                                   "1070 1\n1070 2\n1000 W^L" +
+                                   term + "\n");
     }
     MakeDictionary(terms);
     // In UTF-8, where every text has one spelling.
@@ -113,11 +116,14 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Remark{"WithoutARecord", Groups("0 LINE\n5 36\n"),
                Groups("0 TEXT\n5 90\n8 P1\n40 2.5\n1 Neu\n0 LINE\n5 36\n"),
-               "not reversible  1\n  text 90 \"Neu\": has no record in 1 Português and keeps its text"},
-        Remark{"EditedSince", Groups("8 P1\n40 2.5\n1 Pumpe\n"), Groups("8 P1\n40 2.5\n1 Neu\n"),
-               "not reversible  1\n  text 31 \"Neu\": was edited since it was recorded; its record in "
-               "3 Deutsch said \"Pumpe\""},
-        Remark{"OuterBlanks", Groups("8 P1\n40 2.5\n1 Pumpe\n"), Groups("8 P1\n40 2.5\n1  Pumpe \n"),
+               "not reversible  1\n  text 90 \"Neu\": has no record in 1 Português and keeps its "
+               "text"},
+        Remark{
+            "EditedSince", Groups("8 P1\n40 2.5\n1 Pumpe\n"), Groups("8 P1\n40 2.5\n1 Neu\n"),
+            "not reversible  1\n  text 31 \"Neu\": was edited since it was recorded; its record in "
+            "3 Deutsch said \"Pumpe\""},
+        Remark{"OuterBlanks", Groups("8 P1\n40 2.5\n1 Pumpe\n"),
+               Groups("8 P1\n40 2.5\n1  Pumpe \n"),
                "not reversible  1\n  text 31 \"Pumpe\": would come back as \"Pumpe\""},
         Remark{"TwoStringsOfOneWire", Groups("1000 W1^LKabel\n"),
                Groups("1000 N^LL1\n1000 W1^LKabel\n"),
@@ -128,8 +134,9 @@ INSTANTIATE_TEST_SUITE_P(
 // Two texts of a block that change places, and one that stands there twice.
 TEST_F(Switch, TextsOfABlockAreToldApart) {
     MakeDictionary("Português,English,Deutsch\nMotor,Motor,Bomba\nBomba,Pump,Motor\n");
-    const std::string drawing = Replaced(SampleDrawing(), Groups("0 ENDBLK\n5 1F"),
-                                         Groups("0 TEXT\n5 22\n8 0\n40 2.5\n1 Motor\n0 ENDBLK\n5 1F"));
+    const std::string drawing =
+        Replaced(SampleDrawing(), Groups("0 ENDBLK\n5 1F"),
+                 Groups("0 TEXT\n5 22\n8 0\n40 2.5\n1 Motor\n0 ENDBLK\n5 1F"));
     Record(drawing, "English");
     ASSERT_EQ(To("3", {"-o", "in.dxf"}).status, 0);
     EXPECT_NE(Texts("in.dxf").find("block-text\t20\tMotor\nblock-text\t21\tBomba\n"

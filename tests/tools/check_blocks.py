@@ -39,8 +39,8 @@ def looks(entity):
         if entity.dxf.hasattr(name):
             shown.append((name, rounded(entity.dxf.get(name))))
     shown += [looks(attribute) for attribute in getattr(entity, "attribs", ())]
-    shown += [rounded(vertex.dxf.location) for vertex in getattr(entity, "vertices", ())
-              if hasattr(vertex, "dxf")]
+    if entity.dxftype() == "POLYLINE":
+        shown += [rounded(vertex.dxf.location) for vertex in entity.vertices]
     return shown
 
 

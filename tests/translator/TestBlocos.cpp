@@ -1,6 +1,7 @@
 // The services for blocks and attributes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -23,9 +24,11 @@ using testing::IsEmpty;
 // A definition with a place, at the right of the others.
 std::string Def(const std::string& handle, const std::string& tag, const std::string& texto,
                 int marcas = 0) {
-    return Grupos("0 ATTDEF|5 " + handle + "|100 AcDbEntity|8 0|100 AcDbText|10 1.0|20 2.0|30 0.0|"
-                  "40 2.5|1 " + texto + "|100 AcDbAttributeDefinition|3 P" + handle + "|2 " + tag +
-                  "|70 " + std::to_string(marcas));
+    return Grupos("0 ATTDEF|5 " + handle +
+                  "|100 AcDbEntity|8 0|100 AcDbText|10 1.0|20 2.0|30 0.0|"
+                  "40 2.5|1 " +
+                  texto + "|100 AcDbAttributeDefinition|3 P" + handle + "|2 " + tag + "|70 " +
+                  std::to_string(marcas));
 }
 
 struct Lista {
@@ -49,8 +52,9 @@ struct Lista {
 struct Blocos : testing::Test {
     Blocos() {
         Desenho desenho;
-        desenho.blocos = {{"B", "B0", Def("B1", "T", "d1") + Def("B2", "K", "c", 2) +
-                                          Def("B3", "T", " d2 ") + Def("B4", "U", "du")}};
+        desenho.blocos = {{"B", "B0",
+                           Def("B1", "T", "d1") + Def("B2", "K", "c", 2) + Def("B3", "T", " d2 ") +
+                               Def("B4", "U", "du")}};
         desenho.entidades = Insercao("A0", "P", "B",
                                      {Atributo("A1", "T", " um "), Atributo("A2", "T", ""),
                                       Atributo("A3", "U ", "x"), Atributo("A4", "K", "k")}) +
@@ -140,10 +144,13 @@ TEST(RedefinirBloco, AThousandReferencesKeepTheirIdsPlacesAndValues) {
     constexpr int QUANTAS = 1000;
     for (int i = 0; i < QUANTAS; ++i) {
         const std::string n = OdDbHandle(0x1000 + 8 * i).ascii().narrowText();
-        const auto parte = [&](int k) { return OdDbHandle(0x1000 + 8 * i + k).ascii().narrowText(); };
-        desenho.entidades += Grupos("0 INSERT|5 " + n + "|330 1F|100 AcDbEntity|8 P|100 "
-                                    "AcDbBlockReference|66 1|2 B|10 " + std::to_string(i) +
-                                    ".5|20 7.0|30 0.0") +
+        const auto parte = [&](int k) {
+            return OdDbHandle(0x1000 + 8 * i + k).ascii().narrowText();
+        };
+        desenho.entidades += Grupos("0 INSERT|5 " + n +
+                                    "|330 1F|100 AcDbEntity|8 P|100 "
+                                    "AcDbBlockReference|66 1|2 B|10 " +
+                                    std::to_string(i) + ".5|20 7.0|30 0.0") +
                              Atributo(parte(1), "T", "v" + std::to_string(i)) +
                              Atributo(parte(2), "OLD", "gone") +
                              Grupos("0 SEQEND|5 " + parte(3) + "|330 " + n + "|8 0");
@@ -196,8 +203,8 @@ TEST(RedefinirBloco, WithoutASourceOnlyANewNameSucceeds) {
 // Source files: what is refused leaves the drawing alone and says why.
 struct Recusa {
     const char* nome;
-    std::string dxf;   // "" for a file that is not there
-    int mensagem;      // 0: none
+    std::string dxf;  // "" for a file that is not there
+    int mensagem;     // 0: none
     bool aceito, erro;
 };
 
@@ -205,7 +212,7 @@ class Fontes : public testing::TestWithParam<Recusa> {};
 
 TEST_P(Fontes, AreTakenOrRefusedWithTheReason) {
     const Recusa& caso = GetParam();
-    const std::string arquivo = testing::TempDir() + "fonte.dxf";
+    const std::string arquivo = testing::TempDir() + "fonte" + std::to_string(getpid()) + ".dxf";
     std::remove(arquivo.c_str());
     if (!caso.dxf.empty()) std::ofstream(arquivo) << caso.dxf;
     Desenho desenho;

@@ -73,12 +73,14 @@ TEST(ChangeProjectLanguage, ThereAndBackRestoresEveryStringAndByte) {
         Desenho desenho;
         desenho.blocos = {{"B", "B0", ""}};
         for (int i = 0; i < 5; ++i) {
-            desenho.blocos[0].entidades += Texto("B" + std::to_string(i + 1), "0", std::to_string(i));
+            desenho.blocos[0].entidades +=
+                Texto("B" + std::to_string(i + 1), "0", std::to_string(i));
         }
         for (int i = 0; i < 8; ++i) {
             const std::string n = std::to_string(100 + 10 * i);
-            desenho.entidades += Insercao(n, i % 2 ? "P" : "Q", "B",
-                                          {Atributo(n + "A", "T", "x"), Atributo(n + "B", "U", "y")});
+            desenho.entidades +=
+                Insercao(n, i % 2 ? "P" : "Q", "B",
+                         {Atributo(n + "A", "T", "x"), Atributo(n + "B", "U", "y")});
         }
         Cena cena(desenho.Dxf());
         const auto lista = ITradCad().BuscarTraduziveis(true, true, true, true, false, true, false);
@@ -156,7 +158,8 @@ TEST(ChangeProjectLanguage, OnAMixedDrawingItFailsBeforeAnyText) {
     cena.servicos.language = 2;
     EXPECT_THROW(ChangeProjectLanguage(u"1", u"2", false), OdError_NotThatKindOfClass);
     ASSERT_EQ(cena.servicos.log.size(), 1u);
-    EXPECT_TRUE(cena.servicos.log[0].starts_with("traducaoTQ::ITradCad::BuscarAtributos : object A9 "))
+    EXPECT_TRUE(
+        cena.servicos.log[0].starts_with("traducaoTQ::ITradCad::BuscarAtributos : object A9 "))
         << cena.servicos.log[0];
     EXPECT_EQ(cena.servicos.language, 2);
     EXPECT_EQ(cena.Bytes(), antes);
@@ -206,7 +209,8 @@ TEST_F(Grupo, TheStoreNamesNoneSoThatOnlyTheDisplayIsRegenerated) {
 TEST_F(Grupo, BlocksWithAPathAreRedefinedFromTheNetworkFolder) {
     cena.servicos.calls.clear();
     EXPECT_THROW(RedefinePageGroup(u"2", u"A4"), OdError);
-    std::erase_if(cena.servicos.calls, [](const auto& chamada) { return !chamada.starts_with("readFile"); });
+    std::erase_if(cena.servicos.calls,
+                  [](const auto& chamada) { return !chamada.starts_with("readFile"); });
     EXPECT_THAT(cena.servicos.calls, ElementsAre("readFile /nowhere/selo.dwg"));
     EXPECT_NO_THROW(RedefinePageGroup(u"1", u"A4"));
     EXPECT_EQ(cena.Documento().redraws, 0);

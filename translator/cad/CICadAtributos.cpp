@@ -58,8 +58,7 @@ void CopiarPropriedades(OdDbAttribute& atributo, const OdDbAttributeDefinition& 
     atributo.setFieldLength(definicao.fieldLength());
 }
 
-OdDbAttributePtr NovoAtributo(const OdDbAttributeDefinition& definicao,
-                              const OdGeMatrix3d& lugar) {
+OdDbAttributePtr NovoAtributo(const OdDbAttributeDefinition& definicao, const OdGeMatrix3d& lugar) {
     OdDbAttributePtr atributo = OdDbAttribute::createObject();
     CopiarPropriedades(*atributo, definicao);
     if (definicao.isMTextAttributeDefinition()) {
@@ -102,8 +101,7 @@ int32_t CICad::SearchAttributes(OdDbBlockReferencePtr referencia, CEListaAtribut
     return Guarded(u"tq::CICad::SearchAttributes", [&] {
         *lugar = nullptr;
         if (referencia.isNull()) return SEM_ATRIBUTOS;
-        const auto bloco =
-            OdDbBlockTableRecord::cast(SafeOpen(referencia->blockTableRecord()));
+        const auto bloco = OdDbBlockTableRecord::cast(SafeOpen(referencia->blockTableRecord()));
         const bool prompts = comPrompts && !bloco.isNull();
         OdDbObjectIteratorPtr percurso = referencia->attributeIterator();
         if (percurso.isNull()) return SEM_ATRIBUTOS;

@@ -42,8 +42,7 @@ void ApagarTodas(const std::vector<OdDbObjectId>& ids) {
 
 // Moves the block so that its origin comes to lie at (0, 0, 0).
 void Normalizar(OdDbBlockTableRecord& bloco) {
-    const auto movimento =
-        OdGeMatrix3d::translation(bloco.origin().asVector() * -1.0);
+    const auto movimento = OdGeMatrix3d::translation(bloco.origin().asVector() * -1.0);
     for (const OdDbObjectId& id : Entidades(bloco, true)) {
         const OdDbEntityPtr entidade = id.safeOpenObject(OdDb::kForWrite);
         entidade->transformBy(movimento);

@@ -1,5 +1,6 @@
 // Drawings inserted as blocks: what comes along, what is converted, what is refused.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -42,24 +43,28 @@ Parts everyReference() {
         "0 ENDBLK\n5 34\n330 30\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n"
         "0 BLOCK\n5 35\n330 31\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 Inner\n70 0\n10 5.0\n"
         "20 0.0\n30 0.0\n3 Inner\n1 \n" +
-        entity("LINE", "36", "8 Net\n100 AcDbLine\n10 0.0\n20 0.0\n30 0.0\n11 1.0\n21 0.0\n31 0.0\n",
-               "31") +
+        entity("LINE", "36",
+               "8 Net\n100 AcDbLine\n10 0.0\n20 0.0\n30 0.0\n11 1.0\n21 0.0\n31 0.0\n", "31") +
         "0 ENDBLK\n5 37\n330 31\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
     parts.entities =
         entity("INSERT", "40", "8 Shared\n100 AcDbBlockReference\n66 1\n2 *U7\n10 0.0\n20 0.0\n") +
-        entity("ATTRIB", "41", "8 0\n100 AcDbText\n10 0.0\n20 0.0\n40 1.0\n1 x\n100 AcDbAttribute\n"
-                               "2 T\n70 0\n", "40") +
+        entity("ATTRIB", "41",
+               "8 0\n100 AcDbText\n10 0.0\n20 0.0\n40 1.0\n1 x\n100 AcDbAttribute\n"
+               "2 T\n70 0\n",
+               "40") +
         "0 SEQEND\n5 42\n330 40\n100 AcDbEntity\n8 0\n" +
         // An extension dictionary, a reactor, extended data that name the line behind.
         "0 CIRCLE\n5 43\n102 {ACAD_REACTORS\n330 44\n330 C\n102 }\n102 {ACAD_XDICTIONARY\n360 50\n"
         "102 }\n330 1F\n100 AcDbEntity\n8 Net\n100 AcDbCircle\n10 1.0\n20 1.0\n40 2.0\n1001 ACAD\n"
         "1005 44\n1005 C\n1003 Shared\n" +
         entity("LINE", "44", "8 NET\n6 DASHED\n100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 0.0\n") +
-        entity("HATCH", "45", "8 0\n100 AcDbHatch\n10 0.0\n20 0.0\n30 0.0\n210 0.0\n220 0.0\n"
-                              "230 1.0\n2 SOLID\n70 1\n71 1\n91 1\n92 1\n93 0\n97 1\n330 43\n"
-                              "75 0\n76 1\n98 0\n");
-    parts.objects = kRoot + "0 DICTIONARY\n5 50\n330 43\n100 AcDbDictionary\n280 1\n3 A\n360 51\n"
-                            "0 XRECORD\n5 51\n330 50\n100 AcDbXrecord\n280 1\n340 45\n1 kept\n";
+        entity("HATCH", "45",
+               "8 0\n100 AcDbHatch\n10 0.0\n20 0.0\n30 0.0\n210 0.0\n220 0.0\n"
+               "230 1.0\n2 SOLID\n70 1\n71 1\n91 1\n92 1\n93 0\n97 1\n330 43\n"
+               "75 0\n76 1\n98 0\n");
+    parts.objects = kRoot +
+                    "0 DICTIONARY\n5 50\n330 43\n100 AcDbDictionary\n280 1\n3 A\n360 51\n"
+                    "0 XRECORD\n5 51\n330 50\n100 AcDbXrecord\n280 1\n340 45\n1 kept\n";
     return parts;
 }
 
@@ -91,8 +96,9 @@ struct Inserted {
 
 TEST(Insert, CopiesLeadToCopiesAndWhatIsThereByNameServes) {
     Parts to;
-    to.layers = "0 LAYER\n5 77\n330 2\n100 AcDbSymbolTableRecord\n100 AcDbLayerTableRecord\n"
-                "2 SHARED\n70 0\n62 7\n";
+    to.layers =
+        "0 LAYER\n5 77\n330 2\n100 AcDbSymbolTableRecord\n100 AcDbLayerTableRecord\n"
+        "2 SHARED\n70 0\n62 7\n";
     Inserted got(everyReference(), to);
     const OdDbEntityPtr reference = got.at(0), circle = got.at(1), line = got.at(2);
     const OdDbEntityPtr hatch = got.at(3);
@@ -192,22 +198,23 @@ TEST_P(Versions, AreConvertedOrRefusedWithNothingChanged) {
 
 INSTANTIATE_TEST_SUITE_P(
     Insert, Versions,
-    testing::Values(
-        Conversion{"CodePageToUtf8", "AC1015", "AC1024",
-                   entity("TEXT", "40", "8 0\n100 AcDbText\n1 \xE9\n"),
-                   "100 AcDbText\n1 \xC3\xA9\n"},
-        Conversion{"Utf8ToCodePage", "AC1024", "AC1015",
-                   entity("TEXT", "40", "8 0\n100 AcDbText\n1 \xC3\xA9\xCE\xA9\n"),
-                   "100 AcDbText\n1 \xE9\\U+03A9\n"},
-        Conversion{"GroupsThatTheOlderDoesNotKnow", "AC1024", "AC1015",
-                   entity("LINE", "40", "8 0\n420 255\n370 30\n347 0\n100 AcDbLine\n10 1.50\n"),
-                   "8 0\n370 30\n100 AcDbLine\n10 1.50\n"},
-        Conversion{"EntityThatTheOlderDoesNotKnow", "AC1024", "AC1015",
-                   entity("MULTILEADER", "40", "8 0\n100 AcDbMLeader\n"), ""},
-        Conversion{"R12IntoLater", "AC1009", "AC1015", "0 LINE\n8 0\n10 0.0\n", ""},
-        Conversion{"LaterIntoR12", "AC1015", "AC1009",
-                   entity("LINE", "40", "8 0\n100 AcDbLine\n10 0.0\n"), ""},
-        Conversion{"R12IntoR12", "AC1009", "AC1009", "0 LINE\n8 0\n10 7.25\n", "0 LINE\n8 0\n10 7.25\n"}),
+    testing::Values(Conversion{"CodePageToUtf8", "AC1015", "AC1024",
+                               entity("TEXT", "40", "8 0\n100 AcDbText\n1 \xE9\n"),
+                               "100 AcDbText\n1 \xC3\xA9\n"},
+                    Conversion{"Utf8ToCodePage", "AC1024", "AC1015",
+                               entity("TEXT", "40", "8 0\n100 AcDbText\n1 \xC3\xA9\xCE\xA9\n"),
+                               "100 AcDbText\n1 \xE9\\U+03A9\n"},
+                    Conversion{"GroupsThatTheOlderDoesNotKnow", "AC1024", "AC1015",
+                               entity("LINE", "40",
+                                      "8 0\n420 255\n370 30\n347 0\n100 AcDbLine\n10 1.50\n"),
+                               "8 0\n370 30\n100 AcDbLine\n10 1.50\n"},
+                    Conversion{"EntityThatTheOlderDoesNotKnow", "AC1024", "AC1015",
+                               entity("MULTILEADER", "40", "8 0\n100 AcDbMLeader\n"), ""},
+                    Conversion{"R12IntoLater", "AC1009", "AC1015", "0 LINE\n8 0\n10 0.0\n", ""},
+                    Conversion{"LaterIntoR12", "AC1015", "AC1009",
+                               entity("LINE", "40", "8 0\n100 AcDbLine\n10 0.0\n"), ""},
+                    Conversion{"R12IntoR12", "AC1009", "AC1009", "0 LINE\n8 0\n10 7.25\n",
+                               "0 LINE\n8 0\n10 7.25\n"}),
     [](const auto& info) { return info.param.name; });
 
 TEST(Insert, BinaryAndAsciiDrawingsExchangeTheirBlocks) {
@@ -250,8 +257,8 @@ TEST(Insert, ABlockThatAnUndoTookBackIsNotThere) {
 std::vector<fs::path> drawings() {
     std::vector<fs::path> found;
     const char* given = std::getenv("KV_DRAWINGS");
-    for (const fs::path folder :
-         {fs::path(given ? given : KV_SOURCE_DIR "/tests/fixtures"), fs::path(KV_SOURCE_DIR "/examples")}) {
+    for (const fs::path folder : {fs::path(given ? given : KV_SOURCE_DIR "/tests/fixtures"),
+                                  fs::path(KV_SOURCE_DIR "/examples")}) {
         for (const auto& entry : fs::directory_iterator(folder)) {
             constexpr uintmax_t kLargest = 700'000;  // the reader takes its time
             const bool drawing = entry.path().extension().string().starts_with(".dx");
@@ -263,7 +270,7 @@ std::vector<fs::path> drawings() {
 }
 
 TEST(Insert, RealDrawingsBecomeBlocksThatAnotherReaderApproves) {
-    const fs::path folder = fs::path(testing::TempDir()) / "inserted";
+    const fs::path folder = fs::path(testing::TempDir()) / ("inserted" + std::to_string(getpid()));
     const fs::path target = KV_SOURCE_DIR "/examples/block_pages.dxf";
     fs::create_directories(folder);
     std::ofstream cases(folder / "cases");
@@ -289,8 +296,10 @@ TEST(Insert, RealDrawingsBecomeBlocksThatAnotherReaderApproves) {
     }
     cases.close();
     EXPECT_GT(count, 2u);
-    const std::string command = "/usr/bin/python3 " KV_SOURCE_DIR "/tests/tools/check_blocks.py "
-                                "inserted < " + (folder / "cases").string();
+    const std::string command = "/usr/bin/python3 " KV_SOURCE_DIR
+                                "/tests/tools/check_blocks.py "
+                                "inserted < " +
+                                (folder / "cases").string();
     EXPECT_EQ(OutputOf(command), "");
     fs::remove_all(folder);
 }

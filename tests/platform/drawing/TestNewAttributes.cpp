@@ -1,5 +1,6 @@
 // Attributes made from their definitions and put behind their references.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <random>
@@ -33,11 +34,13 @@ const std::string kDefinitions =
 Parts withReferences(const std::string& references, const std::string& version = "AC1032") {
     Parts parts;
     parts.version = version;
-    parts.records = "0 BLOCK_RECORD\n5 30\n330 1\n100 AcDbSymbolTableRecord\n"
-                    "100 AcDbBlockTableRecord\n2 B\n70 0\n280 1\n281 0\n";
-    parts.blocks = "0 BLOCK\n5 31\n330 30\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 B\n70 2\n"
-                   "10 1.0\n20 1.0\n30 0.0\n3 B\n1 \n" + kDefinitions +
-                   "0 ENDBLK\n5 32\n330 30\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
+    parts.records =
+        "0 BLOCK_RECORD\n5 30\n330 1\n100 AcDbSymbolTableRecord\n"
+        "100 AcDbBlockTableRecord\n2 B\n70 0\n280 1\n281 0\n";
+    parts.blocks =
+        "0 BLOCK\n5 31\n330 30\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 B\n70 2\n"
+        "10 1.0\n20 1.0\n30 0.0\n3 B\n1 \n" +
+        kDefinitions + "0 ENDBLK\n5 32\n330 30\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
     parts.entities = references;
     return parts;
 }
@@ -84,16 +87,18 @@ TEST(NewAttributes, StandWhereTheirDefinitionStandsSeenThroughTheReference) {
     for (int i = 0; i < kCount; ++i) {
         makeAttributes(made->getOdDbObjectId(OdDbHandle(0x400 + i)).openObject(OdDb::kForWrite));
     }
-    const std::string path = testing::TempDir() + "attributes.dxf";
+    const std::string path = testing::TempDir() + "attributes" + std::to_string(getpid()) + ".dxf";
     made->writeFile(path, true);
-    EXPECT_EQ(OutputOf("/usr/bin/python3 " KV_SOURCE_DIR "/tests/tools/check_blocks.py attributes " +
-                       path),
-              "");
+    EXPECT_EQ(
+        OutputOf("/usr/bin/python3 " KV_SOURCE_DIR "/tests/tools/check_blocks.py attributes " +
+                 path),
+        "");
     std::remove(path.c_str());
 }
 
 TEST(NewAttributes, TheFirstAnnouncesThemTheLastErasedTakesThatBack) {
-    const OdDbDatabasePtr drawing = Open(withReferences(reference(0x400, "10 0.0\n20 0.0\n30 0.0\n")));
+    const OdDbDatabasePtr drawing =
+        Open(withReferences(reference(0x400, "10 0.0\n20 0.0\n30 0.0\n")));
     const std::string before = drawing->toBytes();
     const auto insert = At<OdDbBlockReference>(*drawing, u"400", OdDb::kForWrite);
     const auto attributes = [&] {
@@ -127,7 +132,8 @@ TEST(NewAttributes, TheFirstAnnouncesThemTheLastErasedTakesThatBack) {
 }
 
 TEST(NewAttributes, PropertiesAreForNewOnesAndTextsHaveALimit) {
-    const OdDbDatabasePtr drawing = Open(withReferences(reference(0x400, "10 0.0\n20 0.0\n30 0.0\n")));
+    const OdDbDatabasePtr drawing =
+        Open(withReferences(reference(0x400, "10 0.0\n20 0.0\n30 0.0\n")));
     const auto insert = At<OdDbBlockReference>(*drawing, u"400", OdDb::kForWrite);
     OdDbAttributePtr attribute = OdDbAttribute::createObject();
     attribute->setTag(u"FREE");
@@ -147,8 +153,9 @@ TEST(NewAttributes, PropertiesAreForNewOnesAndTextsHaveALimit) {
 TEST(NewAttributes, OldDrawingsGetThemInTheirOwnForm) {
     Parts parts;
     parts.version = "AC1009";
-    parts.blocks = "0 BLOCK\n8 0\n2 B\n70 2\n10 0.0\n20 0.0\n30 0.0\n"
-                   "0 ATTDEF\n8 0\n10 1.0\n20 2.0\n30 0.0\n40 1.0\n1 v\n3 P\n2 T\n70 0\n0 ENDBLK\n8 0\n";
+    parts.blocks =
+        "0 BLOCK\n8 0\n2 B\n70 2\n10 0.0\n20 0.0\n30 0.0\n"
+        "0 ATTDEF\n8 0\n10 1.0\n20 2.0\n30 0.0\n40 1.0\n1 v\n3 P\n2 T\n70 0\n0 ENDBLK\n8 0\n";
     parts.entities = "0 INSERT\n8 0\n2 B\n10 10.0\n20 0.0\n30 0.0\n";
     const OdDbDatabasePtr drawing = Open(parts);
     const OdDbBlockTablePtr blocks = drawing->getBlockTableId().openObject();
@@ -157,9 +164,9 @@ TEST(NewAttributes, OldDrawingsGetThemInTheirOwnForm) {
     block->getBlockReferenceIds(references);
     ASSERT_EQ(references.length(), 1u);
     makeAttributes(references[0].openObject(OdDb::kForWrite));
-    EXPECT_NE(drawing->toBytes().find(
-                  Ascii("0 INSERT\n8 0\n66      1\n2 B\n10 10.0\n20 0.0\n30 0.0\n0 ATTRIB\n8 0\n10 11.0\n"
-                        "20 2.0\n30 0.0\n40 1.0\n1 v\n2 T\n70      0\n0 SEQEND\n8 0\n")),
+    EXPECT_NE(drawing->toBytes().find(Ascii(
+                  "0 INSERT\n8 0\n66      1\n2 B\n10 10.0\n20 0.0\n30 0.0\n0 ATTRIB\n8 0\n10 11.0\n"
+                  "20 2.0\n30 0.0\n40 1.0\n1 v\n2 T\n70      0\n0 SEQEND\n8 0\n")),
               std::string::npos)
         << drawing->toBytes();
 }
