@@ -16,10 +16,12 @@ namespace {
 constexpr int32_t LIDO = 0;
 constexpr int32_t SEM_ATRIBUTOS = 2;
 
-// Calls visita for each definition that is not constant, until it returns false.
+// Calls visita for each definition that is not constant, until it returns false. A null block has
+// none.
 template <class Visita>
-void PercorrerDefinicoes(OdDbBlockTableRecord& bloco, bool ordenado, Visita visita) {
-    for (OdDbObjectIteratorPtr percurso = bloco.newIterator(true, true, ordenado);
+void PercorrerDefinicoes(const OdDbBlockTableRecordPtr& bloco, bool ordenado, Visita visita) {
+    if (bloco.isNull()) return;
+    for (OdDbObjectIteratorPtr percurso = bloco->newIterator(true, true, ordenado);
          !percurso->done(); percurso->step()) {
         const auto definicao = OdDbAttributeDefinition::cast(percurso->entity());
         if (definicao.isNull() || definicao->isConstant()) continue;
@@ -75,7 +77,7 @@ TQString CICad::GetPrompt(OdDbBlockTableRecordPtr bloco, const TQString& tag, in
     return Guarded(u"tq::CICad::GetPrompt", [&] {
         TQString prompt = tag;
         int32_t contagem = 0;
-        PercorrerDefinicoes(*bloco, false, [&](const OdDbAttributeDefinitionPtr& definicao) {
+        PercorrerDefinicoes(bloco, false, [&](const OdDbAttributeDefinitionPtr& definicao) {
             if (!(tag == definicao->tag())) return true;
             if (contagem++ != ocorrencia) return true;
             prompt = definicao->prompt();
@@ -87,8 +89,7 @@ TQString CICad::GetPrompt(OdDbBlockTableRecordPtr bloco, const TQString& tag, in
 
 TQString CICad::GetTextoDefault(OdDbBlockTableRecordPtr bloco, const TQString& tag) {
     TQString texto;
-    if (bloco.isNull()) return texto;
-    PercorrerDefinicoes(*bloco, false, [&](const OdDbAttributeDefinitionPtr& definicao) {
+    PercorrerDefinicoes(bloco, false, [&](const OdDbAttributeDefinitionPtr& definicao) {
         if (!(tag == definicao->tag())) return true;
         texto = definicao->textString();
         return false;
@@ -166,10 +167,10 @@ bool CICad::AtualizarAtributos(OdDbBlockReferencePtr referencia, CEListaAtributo
 
 int32_t CICad::CriarAtributos(OdDbObjectId blocoId, OdDbBlockReferencePtr referencia) {
     return Guarded(u"tq::CICad::CriarAtributos", [&] {
-        if (!blocoId.isValid()) return 0;
+        if (!blocoId.isValid() || referencia.isNull()) return 0;
         const OdDbBlockTableRecordPtr bloco = blocoId.openObject();
         const OdGeMatrix3d lugar = referencia->blockTransform();
-        PercorrerDefinicoes(*bloco, true, [&](const OdDbAttributeDefinitionPtr& definicao) {
+        PercorrerDefinicoes(bloco, true, [&](const OdDbAttributeDefinitionPtr& definicao) {
             referencia->appendAttribute(NovoAtributo(*definicao, lugar));
             return true;
         });

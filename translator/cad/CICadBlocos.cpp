@@ -122,6 +122,7 @@ void Imprimir(const TQString& mensagem, const TQString& bloco, TQString caminho)
 
 bool CICad::ExisteBloco(const TQString& nome, OdDbObjectId& id, OdDbDatabase* desenho) {
     return Guarded(u"tq::CICad::ExisteBloco", [&] {
+        if (!desenho) return false;
         const OdDbObjectId achado = TabelaDeBlocos(desenho)->getAt(nome);
         if (!achado.isValid()) return false;
         id = achado;
@@ -132,6 +133,7 @@ bool CICad::ExisteBloco(const TQString& nome, OdDbObjectId& id, OdDbDatabase* de
 bool CICad::RedefinirBloco(OdDbDatabasePtr origem, const TQString& nome) {
     return Guarded(RedefinirBlocoNome, [&] {
         OdDbDatabase* desenho = CurrentDatabase();
+        if (!desenho) return false;
         OdDbObjectId blocoId;
         if (!ExisteBloco(nome, blocoId, desenho)) {
             if (origem.isNull()) return true;
