@@ -41,10 +41,15 @@ uint32_t placeForText(const Store& store, RecordIndex index) {
     return height ? static_cast<uint32_t>(height->end) : groups::LayoutOf(store, index).ownEnd;
 }
 
-groups::Edit textEdit(const Store& store, RecordIndex index, const OdString& text) {
+std::string encodedText(const Store& store, RecordIndex index, const OdString& text) {
     std::string encoded = store.Codec().Encode(text.text());
     groups::CheckLength(u"a text", store.At(index).handle, encoded.size(),
                         groups::TextLimit(store));
+    return encoded;
+}
+
+groups::Edit textEdit(const Store& store, RecordIndex index, const OdString& text) {
+    std::string encoded = encodedText(store, index, text);
     if (const auto group = textGroup(store, index)) {
         return groups::ValueEdit(store, index, *group, std::move(encoded));
     }
@@ -104,8 +109,11 @@ OdString OdDbText::textString() const { return textOf(core().store, record()); }
 
 void OdDbText::setTextString(const OdString& text) {
     Store& store = editable().store;
-    if (textGroup(store, record()) && textString() == text) return;
-    groups::Apply(store, record(), {textEdit(store, record(), text)});
+    const RecordIndex index = record();
+    const auto present = textGroup(store, index);
+    if (!present) return groups::Apply(store, index, {textEdit(store, index, text)});
+    if (store.Codec().Decode(present->value) == text.text()) return;
+    store.ReplaceValue(index, *present, encodedText(store, index, text));
 }
 
 OdString OdDbMText::contents() const { return OdString(contentsOf(core().store, record()).text); }
