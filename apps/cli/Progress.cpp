@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace cli {
 
@@ -21,9 +22,12 @@ constexpr int kBarWidth = 40;
 Progress::Progress(const GeneralOptions& options)
     : shows(!options.quiet && isatty(STDERR_FILENO) != 0), tells(options.verbose) {}
 
-Progress::~Progress() {
+Progress::~Progress() { End(); }
+
+void Progress::End() {
     TellDuration();
-    if (drawn) std::fputs("\r\x1b[K", stderr);
+    phase.clear();
+    if (std::exchange(drawn, false)) std::fputs("\r\x1b[K", stderr);
 }
 
 void Progress::TellDuration() const {

@@ -20,6 +20,7 @@ class Progress {
 
     void Phase(const std::string& name);  // what is done from here on
     void Reached(double fraction);        // of the phase, from 0 to 1
+    void End();                           // the bar goes, as with the object
 
   private:
     using Clock = std::chrono::steady_clock;

@@ -2,6 +2,8 @@
 #include "apps/cli/Session.h"
 
 #include <QString>
+#include <cstdio>
+#include <cstdlib>
 
 #include "host/Host.h"
 
@@ -42,6 +44,13 @@ Session::Session(const GeneralOptions& options) : options(options) {
 }
 
 Session::~Session() = default;
+
+void EndProcess() {
+#ifndef __SANITIZE_ADDRESS__
+    std::fflush(nullptr);
+    std::_Exit(0);
+#endif
+}
 
 void Session::OpenDatabase() { host->OpenDatabase(); }
 

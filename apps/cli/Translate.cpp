@@ -145,6 +145,8 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
         PrintText(output, report);
     }
     output.Finish();
+    progress.End();
+    EndProcess();
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 // Grouping and matching for the commands.
 #include "apps/cli/TranslationTable.h"
 
-#include <malloc.h>
-
 #include <future>
 
 #include "apps/cli/Failure.h"
@@ -51,7 +49,6 @@ TranslationTable ReadDictionaryAndDrawing(Session& session, const std::string& d
     table.languages = Languages().All();
     table.table.traducoes = traducaoTQ::IBDIdiomas().GetTerms();
     session.OpenDrawing(reading.get(), drawing);
-    malloc_trim(0);  // the rows that the terms were made of
     return table;
 }
 

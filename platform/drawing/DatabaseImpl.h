@@ -11,6 +11,7 @@
 #include "platform/drawing/DictionaryCache.h"
 #include "platform/drawing/DrawingStructure.h"
 #include "platform/drawing/LayerIndex.h"
+#include "platform/drawing/ViewTable.h"
 
 // An object that the file has no record of. Its index lies above those of all records.
 struct VirtualObject {
@@ -100,7 +101,7 @@ class OdDbDatabaseImpl {
     void attributeErased(dxf::RecordIndex index);
     void leaveDictionary(dxf::RecordIndex index);
 
-    std::unordered_map<uint32_t, OdDbObject*> views;
+    ViewTable views;
     std::vector<VirtualObject> virtuals;
     std::unordered_map<uint64_t, uint32_t> virtualHandles;
     uint64_t memoryHandle = 0;                             // the highest one given

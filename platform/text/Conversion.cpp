@@ -105,8 +105,15 @@ std::string NarrowFromWide(std::u16string_view wide) {
 std::u16string WideFromNarrow(std::string_view narrow) {
     std::u16string out;
     out.reserve(narrow.size());
-    for (size_t i = 0; i < narrow.size();)
-        AppendWide(NextNarrow(narrow, i).value_or(kReplacement), out);
+    for (size_t i = 0; i < narrow.size();) {
+        const auto byte = static_cast<unsigned char>(narrow[i]);
+        if (byte < 0x80) {
+            out += static_cast<char16_t>(byte);
+            ++i;
+        } else {
+            AppendWide(NextNarrow(narrow, i).value_or(kReplacement), out);
+        }
+    }
     return out;
 }
 

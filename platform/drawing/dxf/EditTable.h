@@ -1,6 +1,7 @@
 // The edits of a drawing by record.
 #pragma once
 
+#include <deque>
 #include <memory>
 #include <string>
 #include <vector>
@@ -30,7 +31,7 @@ class EditTable {
         return const_cast<EditTable&>(*this).Find(number);
     }
 
-    // Made when there is none. Stays in its place until the next one is made.
+    // Made when there is none; stays in its place.
     Edit& Of(RecordIndex number) {
         if (Edit* edit = Find(number)) return *edit;
         if (number >= places.size()) places.resize(number + 1);
@@ -48,7 +49,7 @@ class EditTable {
 
   private:
     std::vector<uint32_t> places;  // of the edit of each record, from 1 on
-    std::vector<Edit> edits;
+    std::deque<Edit> edits;        // in pieces: growing moves none
 };
 
 }  // namespace dxf

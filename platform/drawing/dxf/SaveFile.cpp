@@ -11,7 +11,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <future>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "platform/drawing/dxf/Group.h"
@@ -76,7 +78,7 @@ int WriteAll(int file, std::vector<iovec>& vectors) {
     return 0;
 }
 
-std::vector<iovec> VectorsOf(const std::vector<std::string_view>& pieces) {
+std::vector<iovec> VectorsOf(std::span<const std::string_view> pieces) {
     std::vector<iovec> vectors;
     vectors.reserve(pieces.size());
     for (const std::string_view piece : pieces)
@@ -91,7 +93,8 @@ int WriteGathered(int file, const std::vector<std::string_view>& pieces) {
     std::string gathered;
     gathered.reserve(kGather);
     const auto flush = [&] {
-        std::vector<iovec> one = VectorsOf({gathered});
+        const std::string_view whole = gathered;
+        std::vector<iovec> one = VectorsOf({&whole, 1});
         const int error = WriteAll(file, one);
         gathered.clear();
         return error;
@@ -113,8 +116,13 @@ int WritePieces(int file, const std::vector<std::string_view>& pieces) {
     size_t size = 0;
     for (const std::string_view piece : pieces) size += piece.size();
     if (size < kSmallFile) return WriteGathered(file, pieces);
-    std::vector<iovec> vectors = VectorsOf(pieces);
-    return WriteAll(file, vectors);
+    constexpr size_t kPiecesAtOnce = 64 * 1024;
+    for (size_t from = 0; from < pieces.size(); from += kPiecesAtOnce) {
+        std::vector<iovec> vectors = VectorsOf(
+            std::span(pieces).subspan(from, std::min(kPiecesAtOnce, pieces.size() - from)));
+        if (const int error = WriteAll(file, vectors)) return error;
+    }
+    return 0;
 }
 
 // The file that a path means: what a link points at, else the path itself.
@@ -165,11 +173,15 @@ void SyncFolder(const std::string& target) {
     if (folder.Number() >= 0) ::fsync(folder.Number());
 }
 
-void WriteAndSync(Descriptor& file, const std::string& target,
-                  const std::vector<std::string_view>& pieces) {
+// The disk takes the file while it is verified.
+void WriteAndVerify(Descriptor& file, const Temporary& temporary, const std::string& target,
+                    const std::vector<std::string_view>& pieces, const VerifyTemporary& verify) {
     if (const int error = WritePieces(file.Number(), pieces))
         Fail(target, "the drawing cannot be written", error);
-    if (::fsync(file.Number()) != 0) Fail(target, "the drawing cannot be written", errno);
+    auto synced =
+        std::async(std::launch::async, [&file] { return ::fsync(file.Number()) == 0 ? 0 : errno; });
+    if (verify) verify(temporary.path);
+    if (const int error = synced.get()) Fail(target, "the drawing cannot be written", error);
     if (file.Close() != 0) Fail(target, "the drawing cannot be written", errno);
 }
 
@@ -193,8 +205,7 @@ void ReplaceFile(const std::string& path, const std::vector<std::string_view>& p
     Descriptor file(temporary.file);
     Removal removal(temporary.path);
     TakePermissions(file.Number(), target);
-    WriteAndSync(file, target, pieces);
-    if (verify) verify(temporary.path);
+    WriteAndVerify(file, temporary, target, pieces, verify);
     if (::rename(temporary.path.c_str(), target.c_str()) != 0)
         Fail(target, "the new file cannot take the place of the old one", errno);
     removal.Keep();

@@ -8,7 +8,9 @@ namespace dxf {
 
 Flattened::Flattened(const Store::Impl& store) : store(store) {
     if (const uint64_t seed = store.NeededSeed()) header = store.HeaderWithSeed(seed);
-    for (const RecordIndex number : store.TouchedRecords()) {
+    const std::vector<RecordIndex> touched = store.TouchedRecords();
+    pieces.reserve(2 * touched.size() + 1);
+    for (const RecordIndex number : touched) {
         AddFileUpTo(store.index.records[number].offset);
         AddFileRecord(number);
         AddChain(number);

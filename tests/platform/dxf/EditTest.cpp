@@ -183,6 +183,10 @@ TEST(Edits, RecordsThatAreNoneAreRefused) {
         EXPECT_THROW(store->InsertAfter(text, bad), Error) << bad;
     }
     EXPECT_THROW(store->NewWriter().String(1, "a\nb"), Error);
+    GroupReader groups = store->Groups(text, store->At(text).text);
+    Group group;
+    ASSERT_TRUE(groups.Next(group));
+    EXPECT_THROW(store->ReplaceValue(text, group, "a\nb"), Error);
     EXPECT_EQ(store->ToBytes(), before);
     EXPECT_FALSE(store->Modified());
 }
