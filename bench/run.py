@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Measures the programs on generated drawings and prints every figure beside what is asked of it.
 
-run.py BUILD [--sizes 10,100]: needs BUILD/bin/kelvara and BUILD/bin/dxf_bench; drawings stand in
+run.py BUILD [--sizes 10,100]: needs kelvara, dxf_bench and painter_bench in BUILD/bin; drawings stand in
 BUILD/bench and are kept for the next run. The exit status is 1 when a figure is missed.
 """
 import argparse
@@ -48,7 +48,7 @@ class Report:
 
 
 class Run:
-    """A child process that has ended: seconds, peak memory in bytes, what it printed."""
+    """A child process that has ended: seconds, user time, peak memory in bytes, what it printed."""
 
     def __init__(self, command, allowed=(0,)):
         begin = time.perf_counter()
@@ -56,6 +56,7 @@ class Run:
         self.out = child.stdout.read().decode()
         _, status, usage = os.wait4(child.pid, 0)
         self.seconds = time.perf_counter() - begin
+        self.user = usage.ru_utime
         self.peak = usage.ru_maxrss * 1024
         self.status = child.returncode = os.waitstatus_to_exitcode(status)
         if self.status not in allowed:
@@ -74,7 +75,7 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench"):
+        for name in ("kelvara", "dxf_bench", "painter_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -163,6 +164,18 @@ class Bench:
         self.report.at_most("scan of 500 pages over the same entities on one",
                             seconds[1] / seconds[0], 3)
 
+    def painting(self, size):
+        """User times, since a window is painted beside other work."""
+        drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
+        info = median(5, lambda: self.kelvara(None, "info", drawing))
+        build = median(5, lambda: Run([self.programs / "painter_bench", "build", drawing]))
+        print(build.out, end="")
+        self.report.at_most("reading and display list over kelvara info", build.user / info.user, 2)
+        run = Run([self.programs / "painter_bench", "repaint"])
+        print(run.out, end="")
+        ours, theirs = (float(time) for time in re.findall(r"([\d.]+) ms", run.out))
+        self.report.at_most("repaint of 100,000 entities over a QGraphicsView", ours / theirs, 1)
+
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
@@ -176,6 +189,7 @@ def main():
     bench.translation(sizes[-1])
     bench.growth()
     bench.many_pages()
+    bench.painting(sizes[-1])
     return 1 if bench.report.missed else 0
 
 

@@ -70,17 +70,19 @@ bool StandsAlone(char16_t c) {
 }  // namespace
 
 Font::Font(const QFont& font) : drawn(font), raw(QRawFont::fromFont(font)) {
-    const QFontMetricsF metric(drawn);
-    capHeight = metric.capHeight() / kPixels;
-    descent = metric.descent() / kPixels;
+    // Heights come in whole pixels, so that they are asked for at a large size.
+    constexpr double kLarge = 2048;
+    QRawFont large = raw;
+    large.setPixelSize(kLarge);
+    capHeight = large.capHeight() / kLarge;
+    descent = large.descent() / kLarge;
     if (!(capHeight > 0.1)) capHeight = 0.7;  // a machine without any font
     metrics.resize(0x600);
 }
 
-const Font::Metric& Font::Of(char16_t character) const {
+const Font::Metric& Font::LookUp(char16_t character) const {
     if (character >= metrics.size()) metrics.resize(size_t{character} + 1);
     Metric& metric = metrics[character];
-    if (metric.advance >= 0) return metric;
     const QString text(1, QChar(character));
     quint32 glyph = 0;
     int count = 1;

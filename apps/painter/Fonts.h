@@ -37,7 +37,13 @@ class Font {
         uint32_t glyph = 0;
         float advance = -1;  // below 0: not looked up yet
     };
-    const Metric& Of(char16_t character) const;
+    const Metric& Of(char16_t character) const {
+        if (character < metrics.size() && metrics[character].advance >= 0) {
+            return metrics[character];
+        }
+        return LookUp(character);
+    }
+    const Metric& LookUp(char16_t character) const;
 
     QFont drawn;
     QRawFont raw;

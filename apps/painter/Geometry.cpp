@@ -26,6 +26,7 @@ Matrix Translation(const Point3& by) {
 }
 
 Matrix Rotation(double radians) {
+    if (radians == 0) return {};
     const double c = std::cos(radians), s = std::sin(radians);
     Matrix matrix;
     matrix.x = {c, s, 0};

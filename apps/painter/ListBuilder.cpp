@@ -163,6 +163,39 @@ void Builder::PlaceContents(const std::vector<Shape>& shapes, const Frame& frame
     }
 }
 
+// Adds where a cubic curve reaches furthest along one axis, beyond its ends.
+template <class Add>
+void AddReach(double p0, double p1, double p2, double p3, const Add& add) {
+    const double a = p3 - 3 * p2 + 3 * p1 - p0, b = 2 * (p2 - 2 * p1 + p0), c = p1 - p0;
+    const double root = std::sqrt(std::max(b * b - 4 * a * c, 0.0));
+    // In this form a flat curve, with an a of almost 0, is no special case.
+    const double q = -0.5 * (b + std::copysign(root, b));
+    for (const double t : {q / a, c / q}) {
+        if (!(t > 0 && t < 1)) continue;
+        const double s = 1 - t;
+        add(p0 * s * s * s + 3 * p1 * s * s * t + 3 * p2 * s * t * t + p3 * t * t * t);
+    }
+}
+
+// The bounds of a path; its control points lie beyond them.
+Bounds BoundsOf(const std::vector<QPointF>& points, size_t next, const std::vector<Verb>& verbs) {
+    Bounds bounds;
+    for (const Verb verb : verbs) {
+        if (verb == Verb::Curve) {
+            const QPointF* p = &points[next - 1];
+            const QPointF end = p[3];
+            AddReach(p[0].x(), p[1].x(), p[2].x(), p[3].x(),
+                     [&](double x) { bounds.Add(x, end.y()); });
+            AddReach(p[0].y(), p[1].y(), p[2].y(), p[3].y(),
+                     [&](double y) { bounds.Add(end.x(), y); });
+            next += 2;
+        }
+        bounds.Add(points[next].x(), points[next].y());
+        ++next;
+    }
+    return bounds;
+}
+
 // Coordinates beyond what doubles can place on a screen leave the item out.
 bool Builder::AddPoints(const std::vector<Point3>& points, const Frame& frame, Item& item) {
     constexpr double kFarthest = 1e15;
@@ -207,6 +240,7 @@ void Builder::PlacePath(const Shape& shape, const Frame& frame, Item item) {
         item.verb = static_cast<uint32_t>(list.verbs.size());
         item.verbCount = static_cast<uint32_t>(shape.path.verbs.size());
         list.verbs.insert(list.verbs.end(), shape.path.verbs.begin(), shape.path.verbs.end());
+        item.bounds = BoundsOf(list.points, item.first, shape.path.verbs);
     }
     if (item.kind == ItemKind::Wide) {
         const Matrix& m = frame.matrix;
@@ -268,6 +302,8 @@ std::optional<DisplayList> BuildDisplayList(OdDbDatabase& drawing, const BuildOp
     Builder builder(read, list, limit);
     EntityReader reader(read, builder, false);
     const std::vector<dxf::RecordIndex> records = EntitiesOf(drawing, options.pages);
+    list.items.reserve(records.size());
+    list.runs.reserve(records.size() / DisplayList::kRun + 1);
     constexpr size_t kStep = 4096;  // entities between two looks at the clock of the caller
     for (size_t i = 0; i < records.size() && !builder.IsFull(); ++i) {
         const bool told = i % kStep == 0 && options.progress;

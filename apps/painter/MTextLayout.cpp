@@ -9,7 +9,6 @@ namespace {
 
 constexpr double kBaselineDistance = 5.0 / 3.0;  // in heights, at a spacing factor of 1
 constexpr double kTabStops = 4;                  // distance in heights
-constexpr double kStackScale = 0.7;              // of the parts of a fraction
 
 struct Item {
     const TextPiece* piece;
@@ -33,11 +32,6 @@ double EmOf(const TextFormat& format, const Fonts& fonts) {
 double WidthOf(std::u16string_view characters, const TextFormat& format, const Fonts& fonts) {
     return fonts.At(format.font).Width(characters, format.tracking) * EmOf(format, fonts) *
            format.width;
-}
-
-TextFormat Smaller(TextFormat format) {
-    format.height *= kStackScale;
-    return format;
 }
 
 bool IsBlank(const TextPiece& piece) {
@@ -85,7 +79,7 @@ class Breaker {
         if (piece.kind != TextPiece::Kind::Stack) {
             return WidthOf(piece.characters, piece.format, fonts);
         }
-        const TextFormat format = Smaller(piece.format);
+        const TextFormat& format = piece.format;
         const double upper = WidthOf(piece.characters, format, fonts);
         const double lower = WidthOf(piece.lower, format, fonts);
         return piece.divider == u'#' ? upper + lower + format.height * 0.5 : std::max(upper, lower);
@@ -254,7 +248,7 @@ class Layouter {
     // The upper part above half the height of the line, the lower one below.
     void EmitStack(const Line& line, const Item& item) {
         const TextPiece& piece = *item.piece;
-        const TextFormat format = Smaller(piece.format);
+        const TextFormat& format = piece.format;
         const double upper = WidthOf(piece.characters, format, fonts);
         const double lower = WidthOf(piece.lower, format, fonts);
         const double x = line.x + item.x, y = LineY(line, piece.format);

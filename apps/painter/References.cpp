@@ -1,6 +1,7 @@
 // Block references with their attributes, dimensions and tables: entities that show a block.
 #include <algorithm>
 
+#include "apps/painter/Curves.h"
 #include "apps/painter/Entities.h"
 
 namespace painter {
@@ -33,10 +34,36 @@ Array ArrayOf(const Tags& tags, const Matrix& turned) {
     return array;
 }
 
+// Every copy of a reference has the attributes; they stand where the first one has them.
+class Copies : public ShapeSink {
+  public:
+    Copies(ShapeSink& sink, const Array& array) : sink(sink), array(array) {}
+
+    void Take(const Shape& shape) override {
+        constexpr int kMost = 1000;
+        int left = kMost;
+        for (int row = 0; row < array.rows; ++row) {
+            for (int column = 0; column < array.columns && left > 0; ++column, --left) {
+                Shape copy = shape;
+                const Matrix move = Translation(array.columnStep * column + array.rowStep * row);
+                Transform(copy.path, move);
+                copy.text.placement = move * copy.text.placement;
+                sink.Take(copy);
+            }
+        }
+    }
+
+  private:
+    ShapeSink& sink;
+    const Array& array;
+};
+
 // The attributes are the records behind the reference.
-void ReadAttributes(const Entity& entity) {
+void ReadAttributes(const Entity& entity, const Array& array) {
     const dxf::Store& store = entity.drawing.store;
-    EntityReader reader(entity.drawing, entity.sink, entity.inBlock);
+    Copies copies(entity.sink, array);
+    const bool one = array.rows == 1 && array.columns == 1;
+    EntityReader reader(entity.drawing, one ? entity.sink : copies, entity.inBlock);
     for (auto i = store.Next(entity.record); i != dxf::kNoRecord; i = store.Next(i)) {
         if (store.At(i).type != dxf::RecordType::Attrib) break;
         reader.Read(i);
@@ -50,14 +77,13 @@ void ReadInsert(const Entity& entity) {
     const Matrix turned = ExtrusionMatrix(tags.Extrusion()) * Translation(tags.Point(10)) *
                           Rotation(Radians(tags.Real(50)));
     const Matrix place = turned * Scaling(ScaleOf(tags, 41), ScaleOf(tags, 42), ScaleOf(tags, 43));
-    EmitReference(entity, place, ArrayOf(tags, turned));
-    ReadAttributes(entity);
+    const Array array = ArrayOf(tags, turned);
+    EmitReference(entity, place, array);
+    ReadAttributes(entity, array);
 }
 
 // The block of a dimension holds its picture in the coordinates of the drawing.
-void ReadDimension(const Entity& entity) {
-    EmitReference(entity, Translation(entity.tags.Point(12)), {});
-}
+void ReadDimension(const Entity& entity) { EmitReference(entity, Matrix(), {}); }
 
 void ReadTable(const Entity& entity) {
     Matrix place = Translation(entity.tags.Point(10));

@@ -141,7 +141,7 @@ LineType Tables::LineTypeOf(std::string_view raw) const {
     return found == lineTypes.end() ? kContinuous : found->second;
 }
 
-const TextStyle& Tables::StyleOf(std::string_view raw) const {
+const TextStyle& Tables::FindStyle(std::string_view raw) const {
     for (const std::u16string& key : {Key(raw), std::u16string(u"standard")}) {
         const auto found = styles.find(key);
         if (found != styles.end()) return found->second;

@@ -44,7 +44,11 @@ class Tables {
     double LineTypeScale() const { return lineTypeScale; }
 
     // Of that name, else "Standard", else plain.
-    const TextStyle& StyleOf(std::string_view raw) const;
+    const TextStyle& StyleOf(std::string_view raw) const {
+        if (lastStyle && raw == lastStyleName) return *lastStyle;
+        lastStyleName = raw;
+        return *(lastStyle = &FindStyle(raw));
+    }
 
   private:
     void ReadHeader(dxf::RecordIndex section);
@@ -53,6 +57,7 @@ class Tables {
     void ReadStyle(const Tags& tags);
     void ReadLayer(const Tags& tags);
     uint32_t AddLayer(const std::u16string& name);
+    const TextStyle& FindStyle(std::string_view raw) const;
     std::u16string Key(std::string_view raw) const;  // decoded, case folded
 
     const dxf::Store& store;
@@ -64,6 +69,9 @@ class Tables {
     std::unordered_map<std::u16string, LineType> lineTypes;  // folded
     std::unordered_map<std::u16string, TextStyle> styles;    // folded
     TextStyle plain;
+    // Neighbours mostly share their style.
+    mutable std::string lastStyleName;
+    mutable const TextStyle* lastStyle = nullptr;
     double lineTypeScale = 1;
 };
 

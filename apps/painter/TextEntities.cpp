@@ -59,7 +59,7 @@ Frame FrameOf(const Tags& tags, const TextStyle& style, const Font& font, double
     Frame frame;
     frame.height = tags.Real(40, style.height);
     if (!(frame.height > 0)) frame.height = style.height > 0 ? style.height : 1;
-    frame.width = tags.Real(41, style.width);
+    frame.width = tags.Real(41, 1);  // the style's own holds for new texts only
     if (!(frame.width > 0)) frame.width = 1;
     frame.rotation = Radians(tags.Real(50));
     frame.anchor = tags.Point(10);
@@ -94,7 +94,7 @@ void ReadLineOfText(const Entity& entity, std::u16string_view raw, int verticalC
     const Font& font = entity.drawing.fonts.At(style.font);
     const double length = font.Width(text.characters);
     const Frame frame = FrameOf(tags, style, font, length, verticalCode);
-    const Matrix place = PlacementOf(frame, tags, font, tags.Real(51, style.oblique));
+    const Matrix place = PlacementOf(frame, tags, font, tags.Real(51));
     const std::u16string_view characters = text.characters;
     for (const auto& [rule, begin, end] : text.rules) {
         EmitRule(entity, place, font, rule, font.Width(characters.substr(0, begin)),
@@ -134,6 +134,7 @@ void EmitRule(const Entity& entity, const Matrix& place, const Font& font, Rule 
 
 Matrix Slanted(double degrees) {
     Matrix matrix;
+    if (degrees == 0) return matrix;
     // Negative angles come as those of a full turn, too.
     const double turned = std::remainder(degrees, 360.0);
     matrix.y.x = std::tan(Radians(std::clamp(turned, -85.0, 85.0)));
