@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <algorithm>
 #include <sstream>
 
 QStringList Drawings() {
@@ -38,13 +39,15 @@ namespace {
 void AddWords(const painter::DisplayList& list, const painter::TextItem& text,
               std::vector<Word>& words) {
     const painter::Font& font = list.fonts->At(text.font);
-    const std::u16string_view characters = list.CharactersOf(text);
+    std::u16string characters(list.CharactersOf(text));
+    std::replace(characters.begin(), characters.end(), u'\u00A0', u' ');
     const QTransform& place = text.placement;
     const double height = std::hypot(place.m21(), place.m22()) * font.CapHeight();
     for (size_t begin = 0; begin < characters.size();) {
         const size_t end = std::min(characters.find(u' ', begin), characters.size());
         if (end > begin) {
-            const double before = font.Width(characters.substr(0, begin), double{text.tracking});
+            const double before =
+                font.Width(std::u16string_view(characters).substr(0, begin), double{text.tracking});
             const QPointF at = place.map(QPointF(before, 0));
             words.push_back(
                 {std::u16string(characters.substr(begin, end - begin)), at.x(), at.y(), height});

@@ -97,7 +97,8 @@ TEST(Render, WritesAllFormats) {
         {"png", "\x89PNG"}, {"svg", "<?xml"}, {"pdf", "%PDF"}};
     for (const auto& [ending, mark] : formats) {
         const QString path = folder.filePath(QString("page.") + ending);
-        const Result result = RunRender({drawing, "--page", "PAG02", "--size", "300x200", "-o", path});
+        const Result result =
+            RunRender({drawing, "--page", "PAG02", "--size", "300x200", "-o", path});
         EXPECT_EQ(result.status, 0) << result.err.toStdString();
         EXPECT_EQ(result.err, "");
         QFile file(path);
@@ -107,7 +108,7 @@ TEST(Render, WritesAllFormats) {
     EXPECT_EQ(QImage(folder.filePath("page.png")).size(), QSize(300, 200));
     EXPECT_TRUE(RunRender({drawing, "--size", "50", "-o", "-"}).out.startsWith("\x89PNG"));
     const Result sheets =
-        Run({drawing, "--page", "PAG01,PAG02", "--sheets", "--format", "pdf", "-o", "-"});
+        RunRender({drawing, "--page", "PAG01,PAG02", "--sheets", "--format", "pdf", "-o", "-"});
     EXPECT_EQ(sheets.out.count("/Type /Page\n"), 2);
 }
 

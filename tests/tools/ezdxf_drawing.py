@@ -128,7 +128,8 @@ class Recorder(Backend):
 
     def draw_text(self, text, transform, properties, cap_height):
         font = measures(properties.font)
-        text, factor = decode_dxf_unicode(text), self.width_factor()
+        text = decode_dxf_unicode(text).replace("\u00a0", " ")
+        factor = self.width_factor()
         height = transform.transform_direction((0, cap_height, 0)).magnitude
         before = ""
         for word in text.split(" "):
@@ -162,8 +163,17 @@ def read(path):
         return recover.readfile(path)[0]
 
 
+def unwrap(document):
+    """Formatted texts without a width: the layout would begin a line with every word."""
+    for entity in document.entitydb.values():
+        if entity.dxftype() == "MTEXT" and not entity.dxf.get("width", 0):
+            if entity.dxf.get("attachment_point", 1) in (1, 4, 7):
+                entity.dxf.width = 1000 * entity.dxf.get("char_height", 1)
+
+
 def paint(path):
     document = read(path)
+    unwrap(document)
     recorder = Recorder()
     config = Configuration.defaults().with_changes(
         show_defpoints=True, line_policy=LinePolicy.SOLID, hatch_policy=HatchPolicy.SHOW_OUTLINE,
