@@ -10,6 +10,7 @@ Texts are measured with the Liberation fonts, straight from the font files.
 import functools
 import json
 import pathlib
+import re
 import sys
 
 import ezdxf
@@ -163,17 +164,22 @@ def read(path):
         return recover.readfile(path)[0]
 
 
-def unwrap(document):
-    """Formatted texts without a width: the layout would begin a line with every word."""
+def prepare(document):
+    """Characters by number, which multi-line texts keep as codes, and formatted texts without a
+    width, where the layout would begin a line with every word.
+    """
     for entity in document.entitydb.values():
-        if entity.dxftype() == "MTEXT" and not entity.dxf.get("width", 0):
-            if entity.dxf.get("attachment_point", 1) in (1, 4, 7):
-                entity.dxf.width = 1000 * entity.dxf.get("char_height", 1)
+        if entity.dxftype() != "MTEXT":
+            continue
+        entity.text = re.sub(r"\\U\+([0-9A-Fa-f]{4})", lambda code: chr(int(code[1], 16)),
+                             entity.text).replace("\\~", "\u00a0")
+        if not entity.dxf.get("width", 0) and entity.dxf.get("attachment_point", 1) in (1, 4, 7):
+            entity.dxf.width = 1000 * entity.dxf.get("char_height", 1)
 
 
 def paint(path):
     document = read(path)
-    unwrap(document)
+    prepare(document)
     recorder = Recorder()
     config = Configuration.defaults().with_changes(
         show_defpoints=True, line_policy=LinePolicy.SOLID, hatch_policy=HatchPolicy.SHOW_OUTLINE,
