@@ -114,7 +114,7 @@ void Builder::Place(const Shape& shape, const Frame& frame) {
     const Layer& layer = LayerOf(shape.style, frame);
     if (layer.frozen) return;
     if (shape.kind == ShapeKind::Reference) {
-        PlaceReference(shape, frame, layer);
+        if (!layer.off || shape.showsOtherLayers) PlaceReference(shape, frame, layer);
         return;
     }
     if (layer.off) return;

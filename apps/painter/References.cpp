@@ -22,6 +22,7 @@ void EmitReference(const Entity& entity, const Matrix& place, const Array& array
     shape.block = *block;
     shape.placement = place * Translation(entity.drawing.blocks.BaseOf(*block) * -1);
     shape.array = array;
+    shape.showsOtherLayers = entity.drawing.store.At(entity.record).type == dxf::RecordType::Insert;
     entity.Emit(ShapeKind::Reference);
 }
 

@@ -87,6 +87,9 @@ struct Shape {
     Text text;
     uint32_t block = 0;  // number of the block in Blocks
     Matrix placement;    // of the block
+    // Whether a layer that is off hides only what takes its layer from the reference; all of it
+    // otherwise, as of a dimension.
+    bool showsOtherLayers = false;
     Array array;
 };
 

@@ -2,11 +2,13 @@
 #include "tests/painter/Support.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
 #include <algorithm>
+#include <iostream>
 #include <sstream>
 
 QStringList Drawings() {
@@ -75,7 +77,12 @@ std::optional<Painted> TheirsOf(const QString& path) {
     process.start("/usr/bin/python3", {KV_SOURCE_DIR "/tests/tools/ezdxf_drawing.py", path});
     EXPECT_TRUE(process.waitForFinished(300000)) << path.toStdString();
     constexpr int kUnreadable = 3;
-    if (process.exitCode() == kUnreadable) return std::nullopt;
+    if (process.exitCode() == kUnreadable) {
+        std::cout << "not drawn by ezdxf: " << QFileInfo(path).fileName().toStdString() << ": "
+                  << process.readAllStandardError().trimmed().split('\n').last().toStdString()
+                  << std::endl;
+        return std::nullopt;
+    }
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     const QJsonObject told = QJsonDocument::fromJson(process.readAllStandardOutput()).object();
     Painted painted;

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <cmath>
+#include <iostream>
 #include <map>
 #include <unordered_map>
 
@@ -13,6 +14,7 @@ namespace {
 
 // Drawings of which ezdxf makes something else, and why that is no fault here.
 const std::map<std::string, const char*> kOtherwise = {
+    {"arbaev__entities.dxf", "a closed spline of ezdxf leaves the polygon of its control points"},
     {"mozman__recover01.dxf", "has several ENTITIES sections, of which one is read"},
     {"mozman__caret_encoding.dxf", "carets ahead of other characters than @ to _ stay"},
     {"mozman__mtext_columns_R2000.dxf", "columns are broken where the drawing stored them"},
@@ -89,6 +91,7 @@ TEST(AgainstEzdxf, SameTextsAndExtents) {
         ++compared;
         words += theirs->words.size();
     }
+    std::cout << compared << " drawings, " << words << " words compared" << std::endl;
     EXPECT_GE(compared, 2U);
     EXPECT_GE(words, 1000U);
 }

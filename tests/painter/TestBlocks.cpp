@@ -82,6 +82,10 @@ TEST(Blocks, HiddenThingsAreNotPainted) {
     EXPECT_TRUE(ListOf(Drawing("0" + line + "OFF\n0" + line + "FROZEN\n0" + line + "P\n60 1\n", {},
                                kLayers))
                     .items.empty());
+    const std::string dimension = "0 DIMENSION\n8 OFF\n2 A\n";
+    const std::string other = Block("A", "0 LINE\n8 P\n11 1\n");
+    EXPECT_TRUE(ListOf(Drawing(dimension, other, kLayers)).items.empty());
+    EXPECT_EQ(ListOf(Drawing("0 INSERT\n8 OFF\n2 A\n", other, kLayers)).items.size(), 1U);
     const std::string attribute = "0 ATTRIB\n8 P\n40 1\n1 N\n2 TAG\n70 1\n0 SEQEND\n8 P\n";
     const std::string definition = "0 ATTDEF\n8 0\n40 1\n1 N\n2 TAG\n70 0\n";
     EXPECT_TRUE(

@@ -56,6 +56,8 @@ def load(family, style):
 
 
 def measures(face):
+    if isinstance(face, str):  # the name of a file
+        face = fonts.FontFace(ttf=face)
     names = (f"{face.ttf} {face.family}" if face else "").lower()
     family = next((family for part, family in FAMILIES if part in names), "LiberationSans")
     bold = face is not None and (face.weight in ("bold", "700") or "bd." in face.ttf.lower())
