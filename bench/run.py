@@ -1,10 +1,11 @@
 #!/usr/bin/python3
 """Measures the programs on generated drawings and prints every figure beside what is asked of it.
 
-run.py BUILD [--sizes 10,100]: needs BUILD/bin/kelvara and BUILD/bin/dxf_bench; drawings stand in
+run.py BUILD [--sizes 10,100]: needs kelvara, dxf_bench and painter_bench in BUILD/bin; drawings stand in
 BUILD/bench and are kept for the next run. The exit status is 1 when a figure is missed.
 """
 import argparse
+import csv
 import json
 import os
 import pathlib
@@ -48,7 +49,7 @@ class Report:
 
 
 class Run:
-    """A child process that has ended: seconds, peak memory in bytes, what it printed."""
+    """A child process that has ended: seconds, user time, peak memory in bytes, what it printed."""
 
     def __init__(self, command, allowed=(0,)):
         begin = time.perf_counter()
@@ -56,6 +57,7 @@ class Run:
         self.out = child.stdout.read().decode()
         _, status, usage = os.wait4(child.pid, 0)
         self.seconds = time.perf_counter() - begin
+        self.user = usage.ru_utime
         self.peak = usage.ru_maxrss * 1024
         self.status = child.returncode = os.waitstatus_to_exitcode(status)
         if self.status not in allowed:
@@ -74,7 +76,7 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench"):
+        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view", "painter_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -116,6 +118,7 @@ class Bench:
         run = Run([self.programs / "dxf_bench", drawing], allowed=(0, 1))
         print(run.out, end="", flush=True)
         self.report.missed |= run.status != 0
+
         ours = {name: float(value) / 1000
                 for name, value in re.findall(r"\b(load|walk|edit|save) ([\d.]+) ms", run.out)}
         runs = [json.loads(self.ezdxf_times(drawing).out) for _ in range(3 if size <= 10 else 1)]
@@ -129,6 +132,14 @@ class Bench:
 
     def ezdxf_times(self, drawing):
         return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.folder / "ezdxf.dxf"])
+
+    def list_view(self):
+        """The list control against Qt's item model; the program tells its own figures."""
+        environment = {"QT_QPA_PLATFORM": "offscreen", **os.environ}
+        run = subprocess.run([self.programs / "list_view"], env=environment, check=False)
+        if run.returncode not in (0, 1):
+            raise Failure(f"list_view: exit status {run.returncode}")
+        self.report.missed |= run.returncode != 0
 
     def translation(self, size):
         drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
@@ -145,6 +156,37 @@ class Bench:
                              theirs.seconds / ours.seconds, 60)
         self.report.at_most("peak memory of translate over the file",
                             ours.peak / drawing.stat().st_size, 3)
+
+    def dictionary(self, size):
+        drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
+        run = Run([self.programs / "dictionary_bench", self.database(drawing)], allowed=(0, 1))
+        print(run.out, end="", flush=True)
+        self.report.missed |= run.status != 0
+
+    def language_switch(self, objects):
+        """Half of the objects have a record, in two languages: 200,000 in 165 MB."""
+        drawing = self.drawing(f"{objects}objects", 0, "--objects", objects, "--terms", 100000)
+        recorded = self.folder / "recorded.dxf"
+        terms = drawing.with_suffix(".csv")
+        two = self.folder / "two.csv"
+        with open(terms, encoding="utf-8", newline="") as file, \
+                open(two, "w", encoding="utf-8", newline="") as out:
+            csv.writer(out).writerows((row[0], row[2]) for row in csv.reader(file))
+        database = self.database(two)
+        self.kelvara(database, "translate", drawing, "--from", SOURCE, "--to", TARGET, "--record",
+                     "-o", recorded)
+        ours = median(3, lambda: self.kelvara(None, "switch", recorded, "--to", "1", "-o",
+                                              self.folder / "switched.dxf"))
+        theirs = Run([PYTHON, HERE / "switch_ezdxf.py", recorded, "2", "1",
+                      self.folder / "ezdxf.dxf"])
+        counts = [int(re.search(r"(\d+) strings changed", run.out)[1]) for run in (ours, theirs)]
+        print(f"switch {recorded.name} of {recorded.stat().st_size / 1e6:.0f} MB: "
+              f"{ours.seconds:.2f} s, {ours.peak / 1e6:.0f} MB; ezdxf {theirs.seconds:.2f} s; "
+              f"{counts[0]} strings changed")
+        if counts[0] != counts[1]:
+            raise Failure(f"{recorded}: kelvara changed {counts[0]} strings, ezdxf {counts[1]}")
+        self.report.at_least("switch with its trial and certificate against ezdxf without",
+                             theirs.seconds / ours.seconds, 40)
 
     def growth(self):
         seconds = []
@@ -163,6 +205,18 @@ class Bench:
         self.report.at_most("scan of 500 pages over the same entities on one",
                             seconds[1] / seconds[0], 3)
 
+    def painting(self, size):
+        """User times, since a window is painted beside other work."""
+        drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
+        info = median(5, lambda: self.kelvara(None, "info", drawing))
+        build = median(5, lambda: Run([self.programs / "painter_bench", "build", drawing]))
+        print(build.out, end="")
+        self.report.at_most("reading and display list over kelvara info", build.user / info.user, 2)
+        run = Run([self.programs / "painter_bench", "repaint"])
+        print(run.out, end="")
+        ours, theirs = (float(time) for time in re.findall(r"([\d.]+) ms", run.out))
+        self.report.at_most("repaint of 100,000 entities over a QGraphicsView", ours / theirs, 1)
+
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
@@ -171,11 +225,15 @@ def main():
     options = parser.parse_args()
     sizes = [int(size) for size in options.sizes.split(",")]
     bench = Bench(options.build.resolve())
+    bench.list_view()
     for size in sizes:
         bench.store(size)
     bench.translation(sizes[-1])
+    bench.dictionary(sizes[-1])
     bench.growth()
+    bench.language_switch(400000)
     bench.many_pages()
+    bench.painting(sizes[-1])
     return 1 if bench.report.missed else 0
 
 

@@ -3,6 +3,8 @@
 
 #include <cstdio>
 
+#include "platform/kernel/MxLispEngine.h"
+
 namespace host {
 
 int ConsoleMessageBoxes::Show(Kind, QWidget*, const OdString& title, const CMxString& text,
@@ -14,6 +16,11 @@ int ConsoleMessageBoxes::Show(Kind, QWidget*, const OdString& title, const CMxSt
         if (buttons & button) return button;
     }
     return kButtonOk;
+}
+
+int ConsoleColorPicker::PickColor(WindowHandle*, int index, int*) {
+    std::fprintf(stderr, "colour %d stays: there is no window to choose another one in\n", index);
+    return kLispCancelled;
 }
 
 }  // namespace host

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/kernel/MxApplication.h"
+#include "platform/kernel/MxColorPicker.h"
 #include "platform/kernel/MxMessageBox.h"
 
 namespace host {
@@ -12,6 +13,12 @@ class ConsoleMessageBoxes : public CMxMessageBoxService {
   public:
     int Show(Kind kind, QWidget* parent, const OdString& title, const CMxString& text, int buttons,
              int defaultButton) override;
+};
+
+// Nobody is there to choose: says so on stderr, and every choice is cancelled.
+class ConsoleColorPicker : public CMxColorPicker {
+  public:
+    int PickColor(WindowHandle* owner, int index, int* chosen) override;
 };
 
 class NoMainWindow : public CMxMainWindowService {

@@ -13,8 +13,18 @@ namespace {
 
 // Long enough for a caller that reads between its writes to stay in one transaction.
 constexpr std::chrono::milliseconds kIdleAfter{20};
+constexpr std::chrono::milliseconds kBetweenAttempts{100};
 // Other programs wait for a transaction to end, and its queries are kept until then.
-constexpr size_t kLongestTransaction = 10000;
+constexpr std::chrono::milliseconds kLongestTransaction{1000};
+// Behind a long one they get their turn: SQLite lets them look again after 100 ms at the latest.
+constexpr std::chrono::milliseconds kPause{120};
+
+const QString kCommit = QStringLiteral("COMMIT");
+// Around each statement of a transaction: where one that fails spoils the transaction, the writes
+// before it stand nevertheless.
+const QString kSavepoint = QStringLiteral("SAVEPOINT KELVARA");
+const QString kRelease = QStringLiteral("RELEASE SAVEPOINT KELVARA");
+const QString kBackToSavepoint = QStringLiteral("ROLLBACK TO SAVEPOINT KELVARA");
 
 QString ValuesOf(const QSqlQuery& query) {
     QStringList values;
@@ -24,16 +34,18 @@ QString ValuesOf(const QSqlQuery& query) {
     return values.join(QLatin1String(", "));
 }
 
-QString Described(const CKVQuery& query, QSqlDatabase database) {
-    const QSqlQuery prepared = query.Prepare(database);
-    return QStringLiteral("%1; values: %2").arg(prepared.lastQuery(), ValuesOf(prepared));
-}
-
-// The same without a connection: an empty database in memory takes the values all the same.
+// The statement and its values. An empty database in memory takes them as well as any, and asking
+// the one in use could fail once more, or spoil an open transaction.
 QString Described(const CKVQuery& query) {
     const QString name = QStringLiteral("kelvara-memory-%1").arg(quintptr(&query));
-    QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name).setDatabaseName(":memory:");
-    const QString text = Described(query, QSqlDatabase::database(name));
+    QString text;
+    {
+        QSqlDatabase memory = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+        memory.setDatabaseName(":memory:");
+        memory.open();
+        const QSqlQuery prepared = query.Prepare(memory);
+        text = QStringLiteral("%1; values: %2").arg(prepared.lastQuery(), ValuesOf(prepared));
+    }
     QSqlDatabase::removeDatabase(name);
     return text;
 }
@@ -43,7 +55,7 @@ QString Described(const CKVQuery& query) {
 Database::Database(const QString& url, OnMissing onMissing, LogLine log,
                    std::chrono::milliseconds busyTimeout)
     : url(url), onMissing(onMissing), log(std::move(log)), busyTimeout(busyTimeout) {
-    queue.emplace([this] { CommitWrites(); }, kIdleAfter);
+    queue.emplace([this] { EndBurst(); }, kIdleAfter);
 }
 
 Database::~Database() {
@@ -68,7 +80,7 @@ void Database::Open() {
 }
 
 void Database::Commit() {
-    queue->RunAndWait([this] { CommitWrites(); });
+    queue->RunAndWait([this] { EndBurst(); });
 }
 
 CKVQueryResponse Database::ExecuteSync(std::shared_ptr<CKVQuery> query) {
@@ -92,8 +104,7 @@ int Database::GetColumnSize(QString table, QString column) {
     int size = 0;
     queue->RunAndWait([&] {
         try {
-            Connect();
-            size = DeclaredColumnSize(connection->Handle(), table, column);
+            size = ColumnSize(table, column);
         } catch (const Error& error) {
             log(QString::fromUtf8(error.what()));
         }
@@ -101,67 +112,161 @@ int Database::GetColumnSize(QString table, QString column) {
     return size;
 }
 
-void Database::Connect() {
-    if (!connection) connection.emplace(ParseDatabaseUrl(url), onMissing, busyTimeout);
+int Database::ColumnSize(const QString& table, const QString& column) {
+    Connect();
+    try {
+        return DeclaredColumnSize(*connection, table, column);
+    } catch (const Error&) {
+        if (!connection->IsLost()) throw;
+    }
+    Reconnect();
+    return DeclaredColumnSize(*connection, table, column);
 }
 
-void Database::BeginWriting() {
-    if (writing) return;
+void Database::Connect() {
+    if (connection && !writing && connection->HasMoved()) connection.reset();
+    if (connection) return;
+    if (!unreachable.isEmpty()) throw Error(unreachable);
     try {
-        connection->Run(QStringLiteral("BEGIN IMMEDIATE"));
-        writing = true;
-    } catch (const Error&) {
-        // The rest of the burst need not wait as long for the same lock.
-        if (patient) connection->SetBusyTimeout(std::chrono::milliseconds(0));
-        patient = false;
+        connection.emplace(ParseDatabaseUrl(url), onMissing, busyTimeout);
+    } catch (const Error& error) {
+        unreachable = QString::fromUtf8(error.what());
+        throw;
+    }
+    onMissing = OnMissing::Refuse;  // a dictionary that has gone is not replaced by an empty one
+}
+
+// A server that is restarted is away for a moment.
+void Database::ConnectWithin(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (!connection) {
+        try {
+            Connect();
+        } catch (const Error&) {
+            if (std::chrono::steady_clock::now() >= end) throw;
+            unreachable.clear();
+            std::this_thread::sleep_for(kBetweenAttempts);
+        }
+    }
+}
+
+void Database::Reconnect() {
+    const Writes writes = std::exchange(uncommitted, {});
+    const QString transaction = connection->Transaction();
+    const auto patience = connection->HasMoved() ? std::chrono::milliseconds(0) : busyTimeout;
+    writing = false;
+    connection.reset();
+    try {
+        ConnectWithin(patience);
+        if (!writes.empty()) Repeat(writes, transaction);
+    } catch (const Error& error) {
+        for (const auto& write : writes) LogFailure(*write, QString::fromUtf8(error.what()));
         throw;
     }
 }
 
-void Database::CommitWrites(const QString& cause) {
-    if (!patient) connection->SetBusyTimeout(busyTimeout);
-    patient = true;
+// The connection may have broken behind the commit. That is asked with the right to write in hand,
+// which a server gives only when it has done with the old transaction.
+void Database::Repeat(const Writes& writes, const QString& transaction) {
+    const QSqlError error = BeginWriting();
+    if (error.isValid()) throw Error(connection->Describe(error));
+    if (connection->WasCommitted(transaction)) return;
+    for (const auto& write : writes) Settle(write, Attempt(*write));
+}
+
+QSqlError Database::BeginWriting() {
+    if (writing) return {};
+    const QSqlError error = connection->Begin();
+    writing = !error.isValid();
+    begun = std::chrono::steady_clock::now();
+    if (!writing && patient) {
+        connection->SetBusyTimeout(std::chrono::milliseconds(0));
+        patient = false;
+    }
+    return error;
+}
+
+void Database::CommitWrites() {
     if (!writing) return;
+    try {
+        QSqlError error = connection->Try(kCommit);
+        if (error.isValid() && connection->IsLost()) {
+            Reconnect();
+            error = writing ? connection->Try(kCommit) : QSqlError();
+        }
+        if (error.isValid()) return GiveUp(connection->Describe(error));
+    } catch (const Error&) {
+        return;  // every write is in the log
+    }
     writing = false;
-    const auto writes = std::exchange(uncommitted, {});
-    QSqlQuery commit(connection->Handle());
-    if (commit.exec(QStringLiteral("COMMIT"))) return;
-    const QString reason = cause.isEmpty() ? connection->Describe(commit.lastError()) : cause;
-    // Also when the database has rolled back by itself, and there is nothing left to roll back.
-    QSqlQuery(connection->Handle()).exec(QStringLiteral("ROLLBACK"));
-    for (const auto& write : writes) LogFailure(*write, reason);
+    uncommitted.clear();
+}
+
+void Database::EndBurst() {
+    if (!patient && connection) connection->SetBusyTimeout(busyTimeout);
+    patient = true;
+    CommitWrites();
+    unreachable.clear();
 }
 
 CKVQueryResponse Database::Execute(const std::shared_ptr<CKVQuery>& query) {
-    CKVQueryResponse response;
     try {
-        Connect();
-        response = ExecuteConnected(query);
+        return ExecuteConnected(query);
     } catch (const std::exception& error) {
-        const QSqlError reason(QString(), QString::fromUtf8(error.what()));
-        response = CKVQueryResponse::Failure(reason);
-        LogFailure(*query, reason.text());
-        return response;
+        const QString reason = QString::fromUtf8(error.what());
+        LogFailure(*query, reason);
+        return CKVQueryResponse::Failure(QSqlError(QString(), reason));
     }
-    if (response.failed()) LogFailure(*query, connection->Describe(response.getError()));
-    return response;
 }
 
 CKVQueryResponse Database::ExecuteConnected(const std::shared_ptr<CKVQuery>& query) {
-    if (query->IsReadOnly()) return query->Execute(connection->Handle());
-    BeginWriting();
-    CKVQueryResponse response = query->Execute(connection->Handle());
-    if (response.succeeded()) uncommitted.push_back(query);
-    // Some failures end the transaction on the side of the database. Committing shows which.
-    if (response.failed()) CommitWrites(connection->Describe(response.getError()));
-    if (uncommitted.size() >= kLongestTransaction) CommitWrites();
+    Connect();
+    CKVQueryResponse response = Attempt(*query);
+    if (response.failed() && connection->IsLost()) {
+        Reconnect();
+        response = Attempt(*query);
+    }
+    Settle(query, response);
+    if (writing && std::chrono::steady_clock::now() > begun + kLongestTransaction) {
+        CommitWrites();
+        std::this_thread::sleep_for(kPause);
+    }
     return response;
+}
+
+CKVQueryResponse Database::Attempt(const CKVQuery& query) {
+    QSqlError error;
+    if (!query.IsReadOnly()) error = BeginWriting();
+    if (writing && !error.isValid()) error = connection->Try(kSavepoint);
+    if (error.isValid()) return CKVQueryResponse::Failure(error);
+    if (!connection->Handle().isOpen()) return CKVQueryResponse();
+    CKVQueryResponse response = query.Execute(connection->Handle());
+    // Should this fail, the next statement does too, and tells.
+    if (writing && response.succeeded()) connection->Try(kRelease);
+    return response;
+}
+
+void Database::Settle(const std::shared_ptr<CKVQuery>& query, const CKVQueryResponse& response) {
+    if (response.succeeded()) {
+        if (!query->IsReadOnly()) uncommitted.push_back(query);
+        return;
+    }
+    const QString reason = connection->Describe(response.getError());
+    // Some failures end the whole transaction on the side of the database, savepoints included.
+    if (writing && connection->Try(kBackToSavepoint).isValid()) GiveUp(reason);
+    LogFailure(*query, reason);
+}
+
+void Database::GiveUp(const QString& reason) {
+    // Also when the database has rolled back by itself, and there is nothing left to roll back.
+    connection->Try(QStringLiteral("ROLLBACK"));
+    writing = false;
+    for (const auto& write : std::exchange(uncommitted, {})) LogFailure(*write, reason);
 }
 
 void Database::LogFailure(const CKVQuery& query, const QString& reason) {
     try {
-        const QString what = connection ? Described(query, connection->Handle()) : Described(query);
-        log(QStringLiteral("query failed: %1; %2").arg(reason, what));
+        log(QStringLiteral("query failed: %1; %2").arg(reason, Described(query)));
     } catch (const std::exception& error) {
         log(QStringLiteral("query failed: %1; it cannot be prepared: %2")
                 .arg(reason, QString::fromUtf8(error.what())));

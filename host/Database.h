@@ -14,18 +14,20 @@ namespace host {
 
 // The writes of a burst share a transaction. It is committed when the queue falls idle, by Commit,
 // and at the end. A query that fails is logged with its statement and its values, and so is every
-// write of a transaction that could not be committed.
+// write of a transaction that could not be committed. A connection that broke is made again by the
+// next query, and what the open transaction held is repeated.
 class Database : public CKVDatabase {
   public:
     using LogLine = std::function<void(const QString&)>;  // called on the worker thread
 
-    // Opens nothing yet: the first query does, and each later one again for as long as it fails.
+    // Opens nothing yet: the first query does, and each later burst again for as long as it fails.
+    // The time is that for locks of other programs, and for a server to come back.
     Database(const QString& url, OnMissing onMissing, LogLine log,
              std::chrono::milliseconds busyTimeout = kBusyTimeout);
     ~Database() override;  // runs what is queued, commits, closes
 
     void Open();    // throws host::Error when the database cannot be used
-    void Commit();  // returns when everything submitted so far is in the file, or in the log
+    void Commit();  // returns when everything submitted so far is stored, or in the log
 
     CKVQueryResponse ExecuteSync(std::shared_ptr<CKVQuery> query) override;
     // The future tells of the statement, not of the commit that follows.
@@ -33,12 +35,22 @@ class Database : public CKVDatabase {
     int GetColumnSize(QString table, QString column) override;
 
   private:
+    using Writes = std::vector<std::shared_ptr<CKVQuery>>;
+
     // On the worker thread.
-    void Connect();
-    void BeginWriting();
-    void CommitWrites(const QString& cause = {});  // cause: why it is known to fail
+    void Connect();  // throws host::Error
+    void ConnectWithin(std::chrono::milliseconds time);
+    void Reconnect();  // throws host::Error
+    void Repeat(const Writes& writes, const QString& transaction);
+    QSqlError BeginWriting();
+    void CommitWrites();
+    void EndBurst();
     CKVQueryResponse Execute(const std::shared_ptr<CKVQuery>& query);
     CKVQueryResponse ExecuteConnected(const std::shared_ptr<CKVQuery>& query);
+    CKVQueryResponse Attempt(const CKVQuery& query);
+    void Settle(const std::shared_ptr<CKVQuery>& query, const CKVQueryResponse& response);
+    void GiveUp(const QString& reason);
+    int ColumnSize(const QString& table, const QString& column);
     void LogFailure(const CKVQuery& query, const QString& reason);
 
     QString url;
@@ -48,9 +60,12 @@ class Database : public CKVDatabase {
 
     // Used by the worker thread alone.
     std::optional<SqlConnection> connection;
-    std::vector<std::shared_ptr<CKVQuery>> uncommitted;
     bool writing = false;  // a transaction is open
-    bool patient = true;   // false after a lock that did not go away
+    std::chrono::steady_clock::time_point begun;
+    Writes uncommitted;  // what it holds
+    // So that the rest of a burst need not wait for the same lock or server as long again:
+    bool patient = true;  // false after a lock that did not go away
+    QString unreachable;  // why the database could not be opened
 
     std::optional<WorkQueue> queue;  // last: its thread uses all of the others
 };

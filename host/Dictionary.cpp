@@ -1,7 +1,6 @@
 // Languages and terms by SQL.
 #include "host/Dictionary.h"
 
-#include <QSqlRecord>
 #include <QVariant>
 #include <algorithm>
 
@@ -12,7 +11,7 @@
 namespace host {
 
 Dictionary::Dictionary(const QString& url, OnMissing onMissing)
-    : url(url), connection(ParseDatabaseUrl(url), onMissing) {}
+    : url(ParseDatabaseUrl(url).text), connection(ParseDatabaseUrl(url), onMissing) {}
 
 std::vector<Language> Dictionary::Languages() {
     std::vector<Language> languages;
@@ -20,8 +19,8 @@ std::vector<Language> Dictionary::Languages() {
         connection.Run(QStringLiteral("SELECT LANG_KEY, LANG_DESCR, LANG_USE FROM BDLANGUAGE "
                                       "ORDER BY CAST(LANG_KEY AS INTEGER)"));
     while (query.next()) {
-        languages.push_back({query.value(0).toString(), query.value(1).toString(),
-                             query.value(2).toString() == QLatin1String("1")});
+        languages.push_back({connection.Text(query, 0), connection.Text(query, 1),
+                             connection.Text(query, 2) == QLatin1String("1")});
     }
     return languages;
 }
@@ -75,7 +74,7 @@ Terms Dictionary::ReadTerms() {
         Terms::Term& term = result.terms.emplace_back();
         term.key = query.value(0).toInt();
         term.texts.reserve(columns.size() - 1);
-        for (int i = 1; i < columns.size(); ++i) term.texts << query.value(i).toString();
+        for (int i = 1; i < columns.size(); ++i) term.texts << connection.Text(query, i);
     }
     return result;
 }
@@ -85,8 +84,9 @@ ImportReport Dictionary::Import(const QStringList& header, const std::vector<QSt
     const Terms terms = ReadTerms();
     DictionaryImport import(connection, url, terms, header);
     for (const QStringList& row : rows) import.Take(row);
+    ImportReport report = import.Write();
     transaction.Commit();
-    return import.Report();
+    return report;
 }
 
 }  // namespace host

@@ -68,7 +68,7 @@ class Dictionary {
   private:
     Language Add(const QString& name);
 
-    QString url;
+    QString url;  // for messages
     SqlConnection connection;
 };
 

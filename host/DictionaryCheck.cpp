@@ -4,8 +4,6 @@
 #include "host/Dictionary.h"
 #include "host/Schema.h"
 
-#include <QSqlRecord>
-
 namespace host {
 
 namespace {
@@ -15,7 +13,7 @@ using Findings = std::vector<DictionaryFinding>;
 
 // Inserting a term counts the language columns by position, reading goes by key: with other keys
 // than 1 to n the two differ.
-void CheckLanguages(const std::vector<Language>& languages, const QSqlRecord& table,
+void CheckLanguages(const std::vector<Language>& languages, SqlConnection& connection,
                     Findings& findings) {
     for (size_t i = 0; i < languages.size(); ++i) {
         const Language& language = languages[i];
@@ -29,7 +27,7 @@ void CheckLanguages(const std::vector<Language>& languages, const QSqlRecord& ta
                      .arg(expected)});
         }
         const QString column = LanguageColumn(language.key.toInt());
-        if (!table.contains(column)) {
+        if (!HasColumn(connection, "BDTRANSLATOR", column)) {
             findings.push_back(
                 {Kind::MissingColumn, 0, language.description,
                  QStringLiteral("language %1 has no column %2").arg(language.description, column)});
@@ -76,8 +74,7 @@ void CheckDoubled(const Terms& terms, Findings& findings) {
 
 Findings Dictionary::Check() {
     Findings findings;
-    const QSqlRecord table = connection.Handle().record(QStringLiteral("BDTRANSLATOR"));
-    CheckLanguages(Languages(), table, findings);
+    CheckLanguages(Languages(), connection, findings);
     for (const DictionaryFinding& finding : findings) {
         if (finding.kind == Kind::MissingColumn) return findings;  // the terms cannot be read
     }
@@ -85,8 +82,8 @@ Findings Dictionary::Check() {
     if (terms.languages.empty()) return findings;
     std::vector<int> lengths;
     for (const Language& language : terms.languages) {
-        lengths.push_back(DeclaredColumnSize(connection.Handle(), "BDTRANSLATOR",
-                                             LanguageColumn(language.key.toInt())));
+        lengths.push_back(
+            DeclaredColumnSize(connection, "BDTRANSLATOR", LanguageColumn(language.key.toInt())));
     }
     for (const Terms::Term& term : terms.terms) {
         for (size_t i = 0; i < terms.languages.size(); ++i) {

@@ -1,6 +1,7 @@
 // The rules of the merge: the first column decides which term a row belongs to.
 #include "host/DictionaryImport.h"
 
+#include <QSqlQuery>
 #include <QVariant>
 #include <algorithm>
 
@@ -10,6 +11,8 @@
 namespace host {
 
 namespace {
+
+constexpr size_t kRowsAtATime = 100;  // of one statement, since a server may be far away
 
 QString NamesOf(const std::vector<Language>& languages) {
     QStringList names;
@@ -26,20 +29,24 @@ int PlaceOf(const std::vector<Language>& languages, const QString& nameOrKey) {
     return -1;
 }
 
+// An empty text is bound as such: a null string would become NULL.
+void Bind(QSqlQuery& query, const QStringList& texts) {
+    for (const QString& text : texts) query.addBindValue(text.isNull() ? QString("") : text);
+}
+
 }  // namespace
 
 DictionaryImport::DictionaryImport(SqlConnection& connection, const QString& url,
                                    const Terms& terms, const QStringList& header)
-    : connection(connection), url(url), insert(connection.Handle()), update(connection.Handle()) {
+    : connection(connection), url(url) {
     FindColumns(terms.languages, header);
-    PrepareStatements();
     for (const Terms::Term& term : terms.terms) {
         QStringList texts;
         for (int place : places) texts << term.texts[place];
         // Of several terms with one source the first is the one that translations use.
-        if (!texts[0].isEmpty() && !bySource.contains(texts[0])) {
-            bySource.insert(texts[0], {term.key, texts, 0});
-        }
+        if (texts[0].isEmpty() || bySource.contains(texts[0])) continue;
+        bySource.insert(texts[0], known.size());
+        known.push_back({term.key, texts});
     }
 }
 
@@ -61,20 +68,11 @@ void DictionaryImport::FindColumns(const std::vector<Language>& languages,
         const QString column = LanguageColumn(languages[place].key.toInt());
         places.push_back(place);
         columns << column;
-        lengths.push_back(DeclaredColumnSize(connection.Handle(), "BDTRANSLATOR", column));
+        lengths.push_back(DeclaredColumnSize(connection, "BDTRANSLATOR", column));
     }
     if (places.empty()) {
         throw Error(QStringLiteral("import into %1: the file has no header of languages").arg(url));
     }
-}
-
-void DictionaryImport::PrepareStatements() {
-    QStringList markers;
-    for (qsizetype i = 0; i < columns.size(); ++i) markers << QStringLiteral("?");
-    insert.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR (%1) VALUES (%2)")
-                       .arg(columns.join(u','), markers.join(u',')));
-    update.prepare(QStringLiteral("UPDATE BDTRANSLATOR SET %1 = ? WHERE TRANS_KEY = ?")
-                       .arg(columns.join(QLatin1String(" = ?, "))));
 }
 
 void DictionaryImport::Take(const QStringList& given) {
@@ -85,10 +83,12 @@ void DictionaryImport::Take(const QStringList& given) {
         report.empty.push_back(row);
     } else if (TooLong(texts)) {
         report.tooLong.push_back(row);
-    } else if (const auto known = bySource.find(texts[0]); known != bySource.end()) {
-        Merge(*known, texts);
+    } else if (const auto found = bySource.constFind(texts[0]); found != bySource.constEnd()) {
+        Merge(known[*found], texts);
     } else {
-        Insert(texts);
+        bySource.insert(texts[0], known.size());
+        known.push_back({0, texts, row});
+        ++report.added;
     }
 }
 
@@ -99,29 +99,59 @@ bool DictionaryImport::TooLong(const QStringList& texts) const {
     return false;
 }
 
-void DictionaryImport::Insert(const QStringList& texts) {
-    // An empty text is bound as such: a null string would become NULL.
-    for (const QString& text : texts) insert.addBindValue(text.isNull() ? QString("") : text);
-    connection.Run(insert);
-    bySource.insert(texts[0], {insert.lastInsertId().toInt(), texts, row});
-    ++report.added;
-}
-
-void DictionaryImport::Merge(Known& known, const QStringList& texts) {
-    if (known.row > 0) report.doubled.push_back(row);
-    QStringList merged = known.texts;
+void DictionaryImport::Merge(Known& term, const QStringList& texts) {
+    if (term.row > 0) report.doubled.push_back(row);
+    QStringList merged = term.texts;
     for (qsizetype i = 0; i < texts.size(); ++i) {
         if (!texts[i].isEmpty()) merged[i] = texts[i];
     }
-    const bool changed = merged != known.texts;
-    const bool ofDictionary = known.row == 0;
-    known.row = row;
-    if (ofDictionary) ++(changed ? report.changed : report.unchanged);
-    if (!changed) return;
-    known.texts = merged;
-    for (const QString& text : merged) update.addBindValue(text.isNull() ? QString("") : text);
-    update.addBindValue(known.key);
-    connection.Run(update);
+    const bool changed = merged != term.texts;
+    if (term.row == 0) ++(changed ? report.changed : report.unchanged);
+    term.row = row;
+    term.changed |= changed;
+    term.texts = merged;
+}
+
+ImportReport DictionaryImport::Write() {
+    std::vector<const Known*> changed;
+    std::vector<const Known*> added;
+    for (const Known& term : known) {
+        if (term.key == 0) {
+            added.push_back(&term);
+        } else if (term.changed) {
+            changed.push_back(&term);
+        }
+    }
+    Update(changed);
+    Insert(added);
+    return report;
+}
+
+void DictionaryImport::Update(const std::vector<const Known*>& terms) {
+    QSqlQuery update(connection.Handle());
+    update.prepare(QStringLiteral("UPDATE BDTRANSLATOR SET %1 = ? WHERE TRANS_KEY = ?")
+                       .arg(columns.join(QLatin1String(" = ?, "))));
+    for (const Known* term : terms) {
+        Bind(update, term->texts);
+        update.addBindValue(term->key);
+        connection.Run(update);
+    }
+}
+
+void DictionaryImport::Insert(const std::vector<const Known*>& terms) {
+    const QString row = u'(' + QStringList(columns.size(), "?").join(u',') + u')';
+    QSqlQuery insert(connection.Handle());
+    size_t prepared = 0;
+    for (size_t begin = 0; begin < terms.size(); begin += prepared) {
+        const size_t count = std::min(kRowsAtATime, terms.size() - begin);
+        if (count != prepared) {
+            insert.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR (%1) VALUES %2")
+                               .arg(columns.join(u','), QStringList(count, row).join(u',')));
+            prepared = count;
+        }
+        for (size_t i = begin; i < begin + count; ++i) Bind(insert, terms[i]->texts);
+        connection.Run(insert);
+    }
 }
 
 }  // namespace host

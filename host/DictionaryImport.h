@@ -16,29 +16,29 @@ class DictionaryImport {
     DictionaryImport(SqlConnection& connection, const QString& url, const Terms& terms,
                      const QStringList& header);
     void Take(const QStringList& row);
-    const ImportReport& Report() const { return report; }
+    ImportReport Write();  // what the rows taken have added and changed, in their order
 
   private:
     struct Known {
-        int key;
+        int key;            // 0 for a term that no row of the table holds yet
         QStringList texts;  // in the order of the header
-        int row;            // that brought or last changed it; 0 for a term of the dictionary
+        int row = 0;        // that brought or last changed it; 0 for a term of the dictionary
+        bool changed = false;
     };
 
     void FindColumns(const std::vector<Language>& languages, const QStringList& header);
-    void PrepareStatements();
     bool TooLong(const QStringList& texts) const;
-    void Insert(const QStringList& texts);
     void Merge(Known& known, const QStringList& texts);
+    void Update(const std::vector<const Known*>& terms);
+    void Insert(const std::vector<const Known*>& terms);
 
     SqlConnection& connection;
     QString url;
     std::vector<int> places;  // of the header's languages among those of the dictionary
     QStringList columns;
     std::vector<int> lengths;
-    QHash<QString, Known> bySource;
-    QSqlQuery insert;
-    QSqlQuery update;
+    std::vector<Known> known;
+    QHash<QString, size_t> bySource;  // place in known
     ImportReport report;
     int row = 0;
 };

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 
+#include "host/ConsoleServices.h"
 #include "host/LispEngine.h"
 #include "host/Pages.h"
 #include "platform/drawing/DbDatabase.h"
@@ -48,6 +49,7 @@ class Document : public CMxDocument {
     LispEngine& Lisp() { return lisp; }
     Display& Screen() { return display; }
     PageTable& Pages() { return pages; }
+    void SetColorPicker(CMxColorPicker& picker) { colorPicker = &picker; }  // not owned
 
     // Of whole commands. The name of the command that was undone or redone; empty when there is
     // none.
@@ -62,6 +64,7 @@ class Document : public CMxDocument {
     CMxLispEngine* GetLispEngine() override { return &lisp; }
     CMxDisplayTarget* GetDisplayTarget() override { return &target; }
     CMxDocumentRegistry* GetRegistry() override { return &registry; }
+    CMxColorPicker* GetColorPicker() override { return colorPicker; }
     OdString GetFileName() const override { return fileName.c_str(); }
 
   private:
@@ -72,6 +75,8 @@ class Document : public CMxDocument {
     Display display;
     CMxDisplayTarget target;
     Registry registry;
+    ConsoleColorPicker consoleColorPicker;
+    CMxColorPicker* colorPicker = &consoleColorPicker;
 };
 
 }  // namespace host

@@ -78,6 +78,7 @@ void Host::WriteLog(const CMxString& line, const CMxDocument* document) {
 }
 
 void Host::PrepareDocument(Document& document) {
+    if (options.colorPicker) document.SetColorPicker(*options.colorPicker);
     InstallNatives(document, options.choosePages, settings.NetworkFolder().toStdU16String());
 }
 

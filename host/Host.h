@@ -29,6 +29,7 @@ struct HostOptions {
     OdString applicationName = u"Kelvara Circuit";
     CMxMainWindowService* mainWindow = nullptr;    // null: a program without windows
     CMxMessageBoxService* messageBoxes = nullptr;  // null: messages go to stderr
+    CMxColorPicker* colorPicker = nullptr;         // null: every choice of a colour is cancelled
     PageChooser choosePages;
     TextSink commandLine;  // what LISP programs and PrintText print; empty: it is dropped
 };

@@ -2,8 +2,8 @@
 #include "host/Schema.h"
 
 #include <QRegularExpression>
-#include <QSqlRecord>
 #include <QVariant>
+#include <optional>
 
 #include "host/Error.h"
 
@@ -13,21 +13,20 @@ namespace {
 
 constexpr int kApplicationId = 0x4B564449;  // tells a dictionary of this system from other files
 
-// Step n leads to version n. Keys are never used twice (AUTOINCREMENT), so that a term that was
-// deleted cannot be taken for one that was added. The statement that looks for the block of a page
-// group names PAGE, GROUP_KEY, LANG, BLOCK and PATH without their tables: each of these stands in
-// one table only.
+// Step n leads to version n; %1 is the type of a key that the database gives. Keys are never used
+// twice, so that a term that was deleted cannot be taken for one that was added. The statement that
+// looks for the block of a page group names PAGE, GROUP_KEY, LANG, BLOCK and PATH without their
+// tables: each of these stands in one table only.
 const std::vector<QStringList> kSteps = {
     {
         "CREATE TABLE BDLANGUAGE (LANG_KEY VARCHAR(10) NOT NULL PRIMARY KEY, "
         "LANG_DESCR VARCHAR(100) NOT NULL, LANG_USE VARCHAR(1) NOT NULL)",
-        "CREATE TABLE BDTRANSLATOR (TRANS_KEY INTEGER PRIMARY KEY AUTOINCREMENT)",
+        "CREATE TABLE BDTRANSLATOR (TRANS_KEY %1)",
     },
     {
         "CREATE TABLE BDGROUP (GROUP_KEY VARCHAR(50) NOT NULL, PAGE INTEGER NOT NULL, "
         "PRIMARY KEY (GROUP_KEY, PAGE))",
-        "CREATE TABLE BDPAGE (PAGE_KEY INTEGER PRIMARY KEY AUTOINCREMENT, "
-        "PAGE_DESCR VARCHAR(100))",
+        "CREATE TABLE BDPAGE (PAGE_KEY %1, PAGE_DESCR VARCHAR(100))",
         "CREATE TABLE BDPAGEBLOCKS (PAGE_KEY INTEGER NOT NULL, LANG VARCHAR(10) NOT NULL, "
         "BLOCK VARCHAR(10) NOT NULL, PATH VARCHAR(260) NOT NULL, "
         "PRIMARY KEY (PAGE_KEY, LANG, BLOCK))",
@@ -37,39 +36,56 @@ const std::vector<QStringList> kSteps = {
 int PresentVersion() { return static_cast<int>(kSteps.size()); }
 
 int Number(SqlConnection& connection, const QString& statement) {
-    QSqlQuery query = connection.Run(statement);
-    return query.next() ? query.value(0).toInt() : 0;
+    return connection.Value(statement).toInt();
 }
 
 int Version(SqlConnection& connection) {
-    return Number(connection, QStringLiteral("PRAGMA user_version"));
+    return Number(connection, connection.Dialect().SchemaVersion());
+}
+
+void RunAll(SqlConnection& connection, const QStringList& statements) {
+    for (const QString& statement : statements) connection.Run(statement);
 }
 
 void RunMissingSteps(SqlConnection& connection) {
+    const SqlDialect& dialect = connection.Dialect();
     SqlTransaction transaction(connection);
     // Asked again: another program may have done it while this one waited for its turn.
     for (int version = Version(connection); version < PresentVersion(); ++version) {
-        for (const QString& statement : kSteps[version]) connection.Run(statement);
+        QStringList statements = kSteps[version];
+        RunAll(connection, statements.replaceInStrings("%1", dialect.KeyType()));
+        if (version == 0) RunAll(connection, dialect.AfterFirstTables());
     }
-    connection.Run(QStringLiteral("PRAGMA application_id = %1").arg(kApplicationId));
-    connection.Run(QStringLiteral("PRAGMA user_version = %1").arg(PresentVersion()));
+    RunAll(connection, dialect.Mark(kApplicationId, PresentVersion()));
     transaction.Commit();
 }
 
+// Tables are counted first: where another program makes them in between, the mark is there too.
 void CheckOwner(SqlConnection& connection, const QString& url, OnMissing onMissing) {
-    if (Number(connection, QStringLiteral("PRAGMA application_id")) == kApplicationId) return;
-    if (Number(connection, QStringLiteral("SELECT count(*) FROM sqlite_master")) != 0) {
-        throw Error(
-            QStringLiteral("database %1: it belongs to another program; name another file or "
-                           "create one with kelvara db init")
-                .arg(url));
-    }
-    if (onMissing == OnMissing::Refuse) {
+    if (Number(connection, connection.Dialect().TableCount()) == 0) {
+        if (onMissing == OnMissing::Create) return;
         throw Error(
             QStringLiteral("database %1: it is empty; create the dictionary with kelvara db "
                            "init")
                 .arg(url));
     }
+    if (Number(connection, connection.Dialect().ApplicationId()) != kApplicationId) {
+        throw Error(
+            QStringLiteral("database %1: it belongs to another program; name another one or "
+                           "create one with kelvara db init")
+                .arg(url));
+    }
+}
+
+// Nothing when there is no such column.
+std::optional<QString> DeclaredType(SqlConnection& connection, const QString& table,
+                                    const QString& column) {
+    QSqlQuery query(connection.Handle());
+    query.prepare(connection.Dialect().ColumnType());
+    query.bindValue(QStringLiteral(":table"), table);
+    query.bindValue(QStringLiteral(":column"), column);
+    connection.Run(query);
+    return query.next() ? std::optional(query.value(0).toString()) : std::nullopt;
 }
 
 }  // namespace
@@ -85,8 +101,7 @@ void BringToPresentSchema(SqlConnection& connection, const QString& url, OnMissi
                 .arg(version)
                 .arg(PresentVersion()));
     }
-    // As text is in memory: UTF-8 in the file would lose what a drawing's code page cannot decode.
-    if (version == 0) connection.Run(QStringLiteral("PRAGMA encoding = 'UTF-16le'"));
+    if (version == 0) RunAll(connection, connection.Dialect().BeforeFirstTable());
     if (version < PresentVersion()) RunMissingSteps(connection);
 }
 
@@ -94,21 +109,21 @@ QString LanguageColumn(int languageKey) { return QStringLiteral("LANGUAGE%1").ar
 
 void AddLanguageColumn(SqlConnection& connection, int languageKey) {
     const QString column = LanguageColumn(languageKey);
-    if (connection.Handle().record(QStringLiteral("BDTRANSLATOR")).contains(column)) return;
+    if (HasColumn(connection, QStringLiteral("BDTRANSLATOR"), column)) return;
     connection.Run(QStringLiteral("ALTER TABLE BDTRANSLATOR ADD COLUMN %1 VARCHAR(%2) DEFAULT ''")
                        .arg(column)
                        .arg(kTermLength));
 }
 
-int DeclaredColumnSize(const QSqlDatabase& database, const QString& table, const QString& column) {
-    QSqlQuery query(database);
-    query.prepare(QStringLiteral(
-        "SELECT type FROM pragma_table_info(:table) WHERE name = :column COLLATE NOCASE"));
-    query.bindValue(QStringLiteral(":table"), table);
-    query.bindValue(QStringLiteral(":column"), column);
-    if (!query.exec() || !query.next()) return 0;
+int DeclaredColumnSize(SqlConnection& connection, const QString& table, const QString& column) {
     static const QRegularExpression length(QStringLiteral("\\(\\s*(\\d+)"));
-    return length.match(query.value(0).toString()).captured(1).toInt();
+    return length.match(DeclaredType(connection, table, column).value_or(QString()))
+        .captured(1)
+        .toInt();
+}
+
+bool HasColumn(SqlConnection& connection, const QString& table, const QString& column) {
+    return DeclaredType(connection, table, column).has_value();
 }
 
 }  // namespace host

@@ -19,6 +19,8 @@ QString LanguageColumn(int languageKey);
 void AddLanguageColumn(SqlConnection& connection, int languageKey);  // nothing if it is there
 
 // Declared length of a column, from its declared type; 0 when there is no column or no length.
-int DeclaredColumnSize(const QSqlDatabase& database, const QString& table, const QString& column);
+// Throws host::Error.
+int DeclaredColumnSize(SqlConnection& connection, const QString& table, const QString& column);
+bool HasColumn(SqlConnection& connection, const QString& table, const QString& column);
 
 }  // namespace host

@@ -1,62 +1,37 @@
 // Opening the database, and its errors in words.
 #include "host/SqlConnection.h"
 
-#include <QDir>
-#include <QFileInfo>
+#include <QVariant>
 #include <atomic>
 
 #include "host/Error.h"
 #include "host/Schema.h"
+#include "platform/kernel/KVSqlText.h"
 
 namespace host {
 
 namespace {
-
-struct Reason {
-    int code;  // primary result code of SQLite
-    const char* text;
-};
-
-constexpr Reason kReasons[] = {
-    {5, "it is locked by another program; close that program or try again"},
-    {6, "it is locked by another program; close that program or try again"},
-    {8, "it cannot be written, it is read-only or was moved; check the file and its permissions"},
-    {10, "the file cannot be read or written; check the disk"},
-    {11, "the file is damaged; restore it from a copy"},
-    {13, "the disk is full; free some space"},
-    {14, "the file cannot be opened; check the folder and the permissions"},
-    {26, "the file is no SQLite database; name another file"},
-};
 
 QString NewConnectionName() {
     static std::atomic<int> count = 0;
     return QStringLiteral("kelvara-%1").arg(++count);
 }
 
-void CheckFile(const DatabaseUrl& url, OnMissing onMissing) {
-    const QFileInfo file(url.file);
-    if (!QFileInfo(file.absolutePath()).isDir()) {
-        throw Error(QStringLiteral("database %1: the folder %2 does not exist; create it or name "
-                                   "another file")
-                        .arg(url.text, file.absolutePath()));
-    }
-    if (file.isDir()) {
-        throw Error(QStringLiteral("database %1: this is a folder; name a file").arg(url.text));
-    }
-    if (onMissing == OnMissing::Refuse && !file.exists()) {
-        throw Error(
-            QStringLiteral("database %1: there is no such file; create it with kelvara db init "
-                           "or name another one")
-                .arg(url.text));
-    }
+std::unique_ptr<SqlDialect> MakeDialect(const DatabaseUrl& url) {
+    return url.kind == DatabaseUrl::Kind::Sqlite ? MakeSqliteDialect(url)
+                                                 : MakePostgresDialect(url);
 }
 
 }  // namespace
 
 SqlConnection::SqlConnection(const DatabaseUrl& url, OnMissing onMissing,
                              std::chrono::milliseconds busyTimeout)
-    : url(url), name(NewConnectionName()) {
-    CheckFile(url, onMissing);
+    : url(url), dialect(MakeDialect(url)), name(NewConnectionName()) {
+    dialect->CheckPlace(onMissing);
+    if (!QSqlDatabase::isDriverAvailable(dialect->Driver())) {
+        throw Error(QStringLiteral("database %1: there is no driver for it; install %2")
+                        .arg(url.text, dialect->Package()));
+    }
     try {
         Open(onMissing, busyTimeout);
     } catch (...) {
@@ -69,48 +44,92 @@ SqlConnection::~SqlConnection() { QSqlDatabase::removeDatabase(name); }
 
 void SqlConnection::Open(OnMissing onMissing, std::chrono::milliseconds busyTimeout) {
     {
-        QSqlDatabase database = QSqlDatabase::addDatabase(url.driver, name);
-        database.setDatabaseName(url.file);
+        QSqlDatabase database = QSqlDatabase::addDatabase(dialect->Driver(), name);
+        dialect->SetAddress(database);
         if (!database.open()) throw Error(Describe(database.lastError()));
+        encoding = sqltext::NeedsEncoding(database);
     }
+    for (const QString& statement : dialect->Greeting()) Run(statement);
     SetBusyTimeout(busyTimeout);
     BringToPresentSchema(*this, url.text, onMissing);
+    dialect->RememberPlace();
 }
 
 QSqlDatabase SqlConnection::Handle() const { return QSqlDatabase::database(name, false); }
 
 void SqlConnection::SetBusyTimeout(std::chrono::milliseconds timeout) {
-    // Touches no file and cannot fail.
-    QSqlQuery(Handle()).exec(QStringLiteral("PRAGMA busy_timeout = %1").arg(timeout.count()));
+    // Where it fails the connection is lost, and the next statement says so.
+    Try(dialect->SetLockTimeout(timeout));
+}
+
+bool SqlConnection::IsLost() const { return dialect->HasMoved() || !dialect->Answers(Handle()); }
+
+QSqlError SqlConnection::Try(const QString& statement) {
+    QSqlQuery query(Handle());
+    return Execute(query, statement);
+}
+
+// On a connection that the driver knows to be broken Qt executes nothing, and tells no error.
+QSqlError SqlConnection::Execute(QSqlQuery& query, const QString& statement) {
+    if (Handle().isOpen() && query.exec(statement)) return {};
+    const QSqlError error = query.lastError();
+    if (error.isValid()) return error;
+    return QSqlError(QString(), QStringLiteral("the connection is broken"),
+                     QSqlError::ConnectionError);
+}
+
+QSqlError SqlConnection::Begin() {
+    transaction.clear();
+    for (const QString& statement : dialect->Begin()) {
+        QSqlQuery query(Handle());
+        if (const QSqlError error = Execute(query, statement); error.isValid()) {
+            Try(QStringLiteral("ROLLBACK"));
+            return error;
+        }
+        transaction = query.next() ? query.value(0).toString() : QString();
+    }
+    return {};
+}
+
+bool SqlConnection::WasCommitted(const QString& earlier) {
+    return !earlier.isEmpty() && Value(dialect->WasCommitted(earlier)).toInt() == 1;
 }
 
 QSqlQuery SqlConnection::Run(const QString& statement) {
     QSqlQuery query(Handle());
     query.setForwardOnly(true);
-    if (!query.exec(statement)) throw Error(Describe(query.lastError()));
+    const QSqlError error = Execute(query, statement);
+    if (error.isValid()) throw Error(Describe(error));
     return query;
 }
 
 void SqlConnection::Run(QSqlQuery& prepared) {
+    if (encoding) sqltext::EncodeValues(prepared);
     if (!prepared.exec()) throw Error(Describe(prepared.lastError()));
 }
 
+QString SqlConnection::Value(const QString& statement) {
+    QSqlQuery query = Run(statement);
+    return query.next() ? query.value(0).toString() : QString();
+}
+
+QString SqlConnection::Text(const QSqlQuery& row, int column) const {
+    const QString text = row.value(column).toString();
+    return encoding ? sqltext::Decoded(text) : text;
+}
+
 QString SqlConnection::Describe(const QSqlError& error) const {
-    const int code = error.nativeErrorCode().toInt() & 0xff;
-    QString reason = error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
-    for (const Reason& known : kReasons) {
-        if (known.code == code) reason = QString::fromLatin1(known.text);
-    }
-    return QStringLiteral("database %1: %2").arg(url.text, reason);
+    return QStringLiteral("database %1: %2").arg(url.text, dialect->Reason(error));
 }
 
 SqlTransaction::SqlTransaction(SqlConnection& connection) : connection(connection) {
-    connection.Run(QStringLiteral("BEGIN IMMEDIATE"));
+    const QSqlError error = connection.Begin();
+    if (error.isValid()) throw Error(connection.Describe(error));
 }
 
 SqlTransaction::~SqlTransaction() {
     // After some failures the database has rolled back by itself; there is nothing to tell then.
-    if (open) QSqlQuery(connection.Handle()).exec(QStringLiteral("ROLLBACK"));
+    if (open) connection.Try(QStringLiteral("ROLLBACK"));
 }
 
 void SqlTransaction::Commit() {

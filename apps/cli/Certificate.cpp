@@ -17,16 +17,12 @@ namespace {
 constexpr size_t kBlock = size_t{1} << 22;
 
 size_t CommonPrefix(std::string_view a, std::string_view b) {
-    constexpr size_t kStep = 512;
     const size_t most = std::min(a.size(), b.size());
     size_t equal = 0;
-    while (equal + kStep <= most && std::memcmp(a.data() + equal, b.data() + equal, kStep) == 0) {
-        equal += kStep;
-    }
-    for (uint64_t x, y; equal + sizeof x <= most; equal += sizeof x) {
-        std::memcpy(&x, a.data() + equal, sizeof x);
-        std::memcpy(&y, b.data() + equal, sizeof y);
-        if (x != y) break;
+    for (const size_t step : {1024, 128, 16}) {
+        while (equal + step <= most && std::memcmp(a.data() + equal, b.data() + equal, step) == 0) {
+            equal += step;
+        }
     }
     while (equal < most && a[equal] == b[equal]) ++equal;
     return equal;

@@ -4,8 +4,13 @@
 #include <QFile>
 #include <QStringDecoder>
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 
 #include "apps/cli/Failure.h"
+#include "apps/cli/Output.h"
+#include "platform/drawing/dxf/SaveFile.h"
 
 namespace cli {
 
@@ -94,19 +99,21 @@ std::vector<CsvRow> ParseCsv(std::string_view text) {
     return Parser(text).Run();
 }
 
-std::vector<CsvRow> ReadCsv(const std::string& path) {
+std::string ReadTable(const std::string& path) {
     QFile file(QString::fromStdString(path));
-    const bool opened =
-        path == "-" ? file.open(0, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
-    if (!opened) {
-        throw Error("cannot read the table " + path + ": " + file.errorString().toStdString());
-    }
-    const QByteArray bytes = file.readAll();
+    const bool opened = path == kStandardStream ? file.open(0, QIODevice::ReadOnly)
+                                                : file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = opened ? file.readAll() : QByteArray();
     if (file.error() != QFile::NoError) {
         throw Error("cannot read the table " + path + ": " + file.errorString().toStdString());
     }
+    return bytes.toStdString();
+}
+
+std::vector<CsvRow> ReadCsv(const std::string& path) {
+    const std::string bytes = ReadTable(path);
     try {
-        return ParseCsv({bytes.constData(), static_cast<size_t>(bytes.size())});
+        return ParseCsv(bytes);
     } catch (const Error& error) {
         throw Error("cannot read the table " + path + ": " + error.what());
     }
@@ -128,26 +135,20 @@ std::string CsvLine(const CsvRow& row) {
     return line + "\r\n";
 }
 
-CsvFile::CsvFile(const std::string& path) : file(QString::fromStdString(path)) {
-    if (!file.open(QIODevice::WriteOnly)) Fail();
-}
-
-void CsvFile::Fail() {
-    throw Error("cannot write the table " + file.fileName().toStdString() + ": " +
-                file.errorString().toStdString() + "; nothing was written");
-}
-
-void CsvFile::Add(const CsvRow& row) {
-    constexpr size_t kBlock = size_t{1} << 16;
-    buffer += CsvLine(row);
-    if (buffer.size() < kBlock) return;
-    file.write(buffer.data(), static_cast<qint64>(buffer.size()));
-    buffer.clear();
-}
-
-void CsvFile::Commit() {
-    file.write(buffer.data(), static_cast<qint64>(buffer.size()));
-    if (!file.commit()) Fail();  // tells of every write that failed before
+void WriteTable(const std::string& path, const std::string& bytes,
+                const std::function<void()>& together) {
+    if (path != kStandardStream) {
+        dxf::ReplaceFile(path, {bytes}, [&](const std::string&) {
+            if (together) together();
+        });
+        return;
+    }
+    if (together) together();
+    errno = 0;
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
+    if (written && std::fflush(stdout) == 0) return;
+    throw Error(std::string("cannot write the table to standard output: ") +
+                std::strerror(errno ? errno : EIO));
 }
 
 }  // namespace cli

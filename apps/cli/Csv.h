@@ -1,7 +1,7 @@
 // Tables as text: UTF-8, fields in quotes where needed, as RFC 4180 has it.
 #pragma once
 
-#include <QSaveFile>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,24 +15,18 @@ using CsvRow = std::vector<std::string>;
 // not closed, and for text that is not UTF-8.
 std::vector<CsvRow> ParseCsv(std::string_view text);
 
-// The same for a file; "-" is standard input. Errors name the file.
+// The bytes of a file; "-" is standard input. Throws cli::Error.
+std::string ReadTable(const std::string& path);
+
+// Both; errors name the file.
 std::vector<CsvRow> ReadCsv(const std::string& path);
 
 std::string CsvLine(const CsvRow& row);  // with commas and CR LF
 
-// Writes a whole file or leaves the one that was there. Opened first, so that a target that cannot
-// be written is known before the work, and committed last.
-class CsvFile {
-  public:
-    explicit CsvFile(const std::string& path);  // throws cli::Error
-    void Add(const CsvRow& row);
-    void Commit();  // throws cli::Error; without it nothing is written
-
-  private:
-    void Fail();
-
-    QSaveFile file;
-    std::string buffer;
-};
+// Writes a whole table to a file, or leaves the one that was there; "-" is standard output. What is
+// to come about together with it is done when the new file is complete and not yet in its place: if
+// that throws, nothing is written. Throws when the file cannot be written.
+void WriteTable(const std::string& path, const std::string& bytes,
+                const std::function<void()>& together = {});
 
 }  // namespace cli

@@ -37,13 +37,13 @@ QStringList ReadNames(const std::string& path) {
 
 // The user's own folder for data is made when it is first needed; any other must be there.
 void MakeDefaultFolder(const GeneralOptions& general) {
-    if (NamesDatabase(general)) return;
-    QDir().mkpath(QFileInfo(host::ParseDatabaseUrl(Url(general)).file).path());
+    const host::DatabaseUrl url = host::ParseDatabaseUrl(Url(general));
+    if (NamesDatabase(general) || url.kind != host::DatabaseUrl::Kind::Sqlite) return;
+    QDir().mkpath(QFileInfo(url.file).path());
 }
 
-void Init(const GeneralOptions& general, const std::string& languagesFile) {
-    const QStringList names = languagesFile.empty() ? QStringList() : ReadNames(languagesFile);
-    MakeDefaultFolder(general);
+// Makes what is missing: the file, the tables, the languages.
+void MakeReady(const GeneralOptions& general, const QStringList& names) {
     host::Dictionary dictionary(Url(general), host::OnMissing::Create);
     QStringList missing = names;
     for (const host::Language& language : dictionary.Languages()) {
@@ -53,8 +53,22 @@ void Init(const GeneralOptions& general, const std::string& languagesFile) {
         });
     }
     dictionary.AddLanguages(missing);
-    Output(general).Note("dictionary " + Url(general).toStdString() + " is ready, " +
+    const QString shown = host::ParseDatabaseUrl(Url(general)).text;  // without a password
+    Output(general).Note("dictionary " + shown.toStdString() + " is ready, " +
                          std::to_string(missing.size()) + " languages added");
+}
+
+void Init(const GeneralOptions& general, const std::string& languagesFile) {
+    const QStringList names = languagesFile.empty() ? QStringList() : ReadNames(languagesFile);
+    MakeDefaultFolder(general);
+    const QString file = host::ParseDatabaseUrl(Url(general)).file;
+    const bool isNew = !QFileInfo::exists(file);
+    try {
+        MakeReady(general, names);
+    } catch (...) {
+        if (isNew) QFile::remove(file);
+        throw;
+    }
 }
 
 void PrintLanguages(const GeneralOptions& general, const std::vector<host::Language>& languages) {
@@ -99,11 +113,11 @@ void PrintTerms(const GeneralOptions& general, const host::Terms& terms) {
 void ShowTerms(const GeneralOptions& general, const std::string& csvFile) {
     const host::Terms terms = host::Dictionary(Url(general)).ReadTerms();
     if (csvFile.empty()) return PrintTerms(general, terms);
-    CsvFile file(csvFile);
-    file.Add(HeaderOf(terms));
-    for (const auto& term : terms.terms) file.Add(ToCsv(term.texts));
-    file.Commit();
-    Output(general).Note(std::to_string(terms.terms.size()) + " terms written to " + csvFile);
+    std::string table = CsvLine(HeaderOf(terms));
+    for (const auto& term : terms.terms) table += CsvLine(ToCsv(term.texts));
+    WriteTable(csvFile, table);
+    Output(general).Note(std::to_string(terms.terms.size()) + " terms written to " +
+                         (csvFile == kStandardStream ? "standard output" : csvFile));
 }
 
 QJsonArray ToJson(const std::vector<int>& rows) {
@@ -179,7 +193,8 @@ void Check(const GeneralOptions& general) {
     }
     Output output(general);
     table.Print(output);
-    output.Note(std::to_string(findings.size()) + " findings");
+    output.Note(std::to_string(findings.size()) +
+                (findings.size() == 1 ? " finding" : " findings"));
     output.Finish();
 }
 
@@ -206,8 +221,9 @@ void RegisterDb(CommandLine& line) {
         ->add_option("NAME", *file, "Its name")
         ->required();
     line.Add(*db, "terms", "All terms, one a line", [&general, file] { ShowTerms(general, *file); })
-        ->add_option("--to-csv", *file,
-                     "Write them to a file in place: UTF-8, with a header of language names");
+        ->add_option(
+            "--to-csv", *file,
+            "Write them to a file: UTF-8, with a header of language names; - writes stdout");
     line.Add(*db, "import",
              "Takes terms from a table; rows whose first column is known are merged into the term",
              [&general, file] { Import(general, *file); })

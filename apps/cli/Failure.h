@@ -13,6 +13,12 @@ class Error : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// Options that do not go together.
+class WrongUsage : public Error {
+  public:
+    using Error::Error;
+};
+
 std::string HexHandle(uint64_t handle);  // as drawings spell it: upper case, no leading zeros
 
 // One line on stderr, with the program's name ahead; line ends inside become blanks.

@@ -22,6 +22,7 @@ struct ScanOptions {
     bool noTexts = false;
     bool noAttributes = false;
     bool strict = false;
+    bool mixed = false;  // the default, said aloud
     bool layer0 = false;
 };
 
@@ -53,6 +54,7 @@ void AddDrawing(CLI::App& command, std::string& drawing);
 void AddScanOptions(CLI::App& command, ScanOptions& scan);
 void AddLanguageOptions(CLI::App& command, LanguageOptions& languages);
 void AddSaveOptions(CLI::App& command, SaveOptions& save);
+void AddExchangeFile(CLI::App& command, std::string& file, bool& utf8, const std::string& stream);
 
 std::vector<std::string> SplitList(const std::string& list);  // at commas; empty parts do not count
 
@@ -64,6 +66,9 @@ void RegisterProject(CommandLine& line);
 void RegisterTexts(CommandLine& line);
 void RegisterLines(CommandLine& line);
 void RegisterTranslate(CommandLine& line);
+void RegisterExport(CommandLine& line);
+void RegisterImport(CommandLine& line);
+void RegisterSwitch(CommandLine& line);
 void RegisterDb(CommandLine& line);
 void RegisterRun(CommandLine& line);
 

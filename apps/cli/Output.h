@@ -17,6 +17,9 @@ std::u16string Utf16(std::string_view text);
 // Tab, CR, LF and backslash as \t \r \n \\.
 std::string Escaped(std::string_view text);
 
+// The name of standard input or output where a file is asked for.
+inline constexpr const char* kStandardStream = "-";
+
 // Columns that a text takes on a terminal: 2 for wide characters of East Asia, 0 for marks that
 // combine with the character ahead.
 int DisplayWidth(std::string_view utf8);

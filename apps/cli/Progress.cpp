@@ -21,9 +21,13 @@ constexpr int kBarWidth = 40;
 Progress::Progress(const GeneralOptions& options)
     : shows(!options.quiet && isatty(STDERR_FILENO) != 0), tells(options.verbose) {}
 
-Progress::~Progress() {
-    TellDuration();
+Progress::~Progress() { End(); }
+
+void Progress::End() {
     if (drawn) std::fputs("\r\x1b[K", stderr);
+    TellDuration();
+    phase.clear();
+    shows = drawn = false;
 }
 
 void Progress::TellDuration() const {

@@ -8,9 +8,8 @@
 
 namespace cli {
 
-// Draws nothing unless stderr is a terminal and the work has taken over a second. The bar is gone
-// when the object is. With --verbose the duration of each phase, and the
-// peak of the memory up to its end, are told.
+// Draws nothing unless stderr is a terminal and the work has taken over a second. With --verbose
+// the duration of each phase, and the peak of the memory up to its end, are told.
 class Progress {
   public:
     explicit Progress(const GeneralOptions& options);
@@ -20,6 +19,7 @@ class Progress {
 
     void Phase(const std::string& name);  // what is done from here on
     void Reached(double fraction);        // of the phase, from 0 to 1
+    void End();                           // takes the bar away, for what is printed next
 
   private:
     using Clock = std::chrono::steady_clock;

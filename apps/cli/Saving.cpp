@@ -48,7 +48,7 @@ void SaveToStdout(OdDbDatabase& drawing, const dxf::Store::Verify& verify) {
 }  // namespace
 
 void SaveDrawing(Session& session, const SaveOptions& options, const dxf::Store::Verify& verify) {
-    if (options.output == kStandardOutput) {
+    if (options.output == kStandardStream) {
         SaveToStdout(session.Drawing(), verify);
     } else {
         session.Drawing().writeFile(options.output, options.force, verify);

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "apps/cli/Certificate.h"
+#include "apps/cli/Output.h"
 #include "apps/cli/Progress.h"
 #include "apps/cli/Session.h"
 
 namespace cli {
-
-inline constexpr const char* kStandardOutput = "-";
 
 // Saves the drawing in one step; verify is called with the complete new file before the old one is
 // replaced, or before the first byte goes to standard output, and ends the save by throwing.

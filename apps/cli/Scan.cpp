@@ -5,6 +5,7 @@
 
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "platform/drawing/OdError.h"
 #include "platform/text/Conversion.h"
 #include "translator/cad/CICad.h"
 #include "translator/engine/ITradCad.h"
@@ -63,8 +64,14 @@ traducaoTQ::ListaTraduziveis Scan::Run() const {
 traducaoTQ::ListaTraduziveis Scan::RunStrict() const {
     session.AnswerPages(pages);
     const bool attributes = !options.noAttributes, texts = !options.noTexts;
-    return traducaoTQ::ITradCad().BuscarTraduziveis(attributes, texts, attributes, texts, false,
-                                                    false, withPageLayers);
+    try {
+        return traducaoTQ::ITradCad().BuscarTraduziveis(attributes, texts, attributes, texts, false,
+                                                        false, withPageLayers);
+    } catch (const OdError& error) {
+        throw Error(error.description().narrowText() +
+                    "; --strict takes pages of block references alone: leave it out, or add "
+                    "--no-attributes");
+    }
 }
 
 }  // namespace cli

@@ -2,7 +2,11 @@
 #include "apps/cli/Session.h"
 
 #include <QString>
+#include <cstdio>
+#include <cstdlib>
 
+#include "host/Dictionary.h"
+#include "host/Error.h"
 #include "host/Host.h"
 
 namespace cli {
@@ -43,7 +47,22 @@ Session::Session(const GeneralOptions& options) : options(options) {
 
 Session::~Session() = default;
 
+void EndProcess() {
+#ifndef __SANITIZE_ADDRESS__
+    std::fflush(nullptr);
+    std::_Exit(0);
+#endif
+}
+
 void Session::OpenDatabase() { host->OpenDatabase(); }
+
+void Session::RequireReadableTerms() const {
+    try {
+        host::Dictionary(QString::fromStdString(DatabaseUrlOf(options))).ReadTerms();
+    } catch (const host::Error& error) {
+        throw host::Error(std::string(error.what()) + "; 'kelvara db check' may tell more");
+    }
+}
 
 OdDbDatabase& Session::OpenDrawing(const std::string& nativePath) {
     document = &host->Documents().Open(nativePath);

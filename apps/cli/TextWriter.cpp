@@ -1,6 +1,8 @@
 // The writing of translations.
 #include "apps/cli/TextWriter.h"
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <unordered_set>
 
@@ -112,6 +114,7 @@ Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritt
         objects.Destroy(*line);
         progress.Reached(static_cast<double>(++done) / static_cast<double>(table.Lines().size()));
     }
+    malloc_trim(0);  // what the objects held: saving takes memory in large pieces
     return writer.Take();
 }
 

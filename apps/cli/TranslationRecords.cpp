@@ -22,7 +22,10 @@ const TQString* RecordOf(const traducaoTQ::RegistrosObjeto& records, const TQStr
 structTermo TermOf(const TranslationTable& table, const TQString& key,
                    const structExpressao& line) {
     const auto records = traducaoTQ::ReadObjectRecords(key);
-    structTermo term = *line.termo;
+    structTermo term;  // an imported line has none of its own
+    if (line.termo) term = *line.termo;
+    term.translations.resize(
+        static_cast<size_t>(std::count_if(table.languages.begin(), table.languages.end(), InUse)));
     size_t column = 0;
     for (const Language& language : table.languages) {
         if (!InUse(language)) continue;

@@ -1,8 +1,6 @@
 // Grouping and matching for the commands.
 #include "apps/cli/TranslationTable.h"
 
-#include <malloc.h>
-
 #include <future>
 
 #include "apps/cli/Failure.h"
@@ -48,10 +46,10 @@ TranslationTable ReadDictionaryAndDrawing(Session& session, const std::string& d
     auto reading = std::async(std::launch::async, [&] { return OdDbDatabase::readFile(drawing); });
     TranslationTable table;
     session.OpenDatabase();
-    table.languages = Languages().All();
     table.table.traducoes = traducaoTQ::IBDIdiomas().GetTerms();
+    if (!table.table.traducoes) session.RequireReadableTerms();
+    table.languages = Languages().All();
     session.OpenDrawing(reading.get(), drawing);
-    malloc_trim(0);  // the rows that the terms were made of
     return table;
 }
 

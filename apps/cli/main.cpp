@@ -1,5 +1,7 @@
 // kelvara: translates electrical project drawings without a window, for scripts, servers and
 // checks.
+#include <malloc.h>
+
 #include <QCoreApplication>
 #include <cstdio>
 #include <new>
@@ -16,6 +18,9 @@ int Work(const cli::CommandLine& line) {
     try {
         line.action();
         return kDone;
+    } catch (const cli::WrongUsage& error) {
+        cli::PrintError(error.what());
+        return kWrongUsage;
     } catch (const OdError& error) {
         cli::PrintError(error.description().narrowText());
     } catch (const std::bad_alloc&) {
@@ -29,6 +34,9 @@ int Work(const cli::CommandLine& line) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // One heap for all threads, so that the memory of a dictionary's rows, which one thread takes,
+    // serves the objects of the others afterwards.
+    mallopt(M_ARENA_MAX, 1);
     QCoreApplication application(argc, argv);
     application.setApplicationName("kelvara");
     cli::CommandLine line;
@@ -39,6 +47,9 @@ int main(int argc, char** argv) {
     cli::RegisterTexts(line);
     cli::RegisterLines(line);
     cli::RegisterTranslate(line);
+    cli::RegisterExport(line);
+    cli::RegisterImport(line);
+    cli::RegisterSwitch(line);
     cli::RegisterDb(line);
     cli::RegisterRun(line);
     try {

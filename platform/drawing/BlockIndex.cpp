@@ -1,6 +1,8 @@
 // The blocks by name and their entities.
 #include "platform/drawing/BlockIndex.h"
 
+#include <algorithm>
+
 #include "platform/drawing/DatabaseImpl.h"
 #include "platform/drawing/Groups.h"
 #include "platform/text/Conversion.h"
@@ -59,15 +61,42 @@ bool BlockIndex::isBlockRecord(uint32_t index) {
 
 uint32_t BlockIndex::find(std::u16string_view name) {
     build();
-    const auto found = byName.find(text::FoldCase(name));
-    return found == byName.end() ? kNoRecord : found->second;
+    const std::u16string folded = text::FoldCase(name);
+    const auto found = byName.find(folded);
+    if (found == byName.end()) return kNoRecord;
+    return database.isErased(found->second) ? findStanding(folded) : found->second;
+}
+
+// Blocks come and go, also through undo: of several of one name the one that stands counts, and
+// else the first.
+uint32_t BlockIndex::findStanding(const std::u16string& folded) {
+    const auto stands = [&](uint32_t index) {
+        return !database.isErased(index) && text::FoldCase(blocks[index].name.text()) == folded;
+    };
+    const auto found = std::find_if(order.begin(), order.end(), stands);
+    return found == order.end() ? byName.at(folded) : *found;
 }
 
 uint32_t BlockIndex::findRaw(std::string_view rawName) {
     build();
     const auto [place, added] = byRawName.try_emplace(std::string(rawName), kNoRecord);
-    if (added) place->second = find(database.store.Codec().Decode(rawName));
+    if (place->second == kNoRecord || database.isErased(place->second)) {
+        place->second = find(database.store.Codec().Decode(rawName));
+    }
     return place->second;
+}
+
+BlockIndex::Definition BlockIndex::definition(uint32_t index) {
+    build();
+    const Block& block = blocks.at(index);
+    return {block.begin, block.end};
+}
+
+void BlockIndex::blockAdded(uint32_t index, OdString name, Definition definition) {
+    build();
+    addRecord(index, std::move(name));
+    blocks[index].begin = definition.begin;
+    blocks[index].end = definition.end;
 }
 
 const OdString& BlockIndex::nameOf(uint32_t index) {

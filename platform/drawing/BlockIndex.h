@@ -27,6 +27,13 @@ class BlockIndex {
     uint32_t find(std::u16string_view name);     // without regard to case; kNoRecord for none
     uint32_t findRaw(std::string_view rawName);  // as a reference holds it
     const OdString& nameOf(uint32_t index);  // "*Model_Space" for the model space without a name
+    struct Definition {
+        dxf::RecordIndex begin, end;  // BLOCK and ENDBLK; kNoRecord for a space that has none
+    };
+    Definition definition(uint32_t index);
+    // A block was added to the drawing; entities were added to one.
+    void blockAdded(uint32_t index, OdString name, Definition definition);
+    void entitiesAdded(uint32_t index) { blocks.at(index).contents = nullptr; }
     // The entities of a block in file order, without those that belong to another entity.
     Contents contents(uint32_t index);
 
@@ -41,6 +48,7 @@ class BlockIndex {
 
     void build();
     void addRecord(uint32_t index, OdString name);
+    uint32_t findStanding(const std::u16string& folded);
     void addDefinition(dxf::RecordIndex begin, dxf::RecordIndex end);
     void findSpaces();
     Space spaceOf(uint32_t index) const;

@@ -26,7 +26,7 @@ OdDbDatabaseImpl::OdDbDatabaseImpl(OdDbDatabase& database, std::unique_ptr<dxf::
 }
 
 OdDbDatabaseImpl::~OdDbDatabaseImpl() {
-    for (auto& [index, view] : views) view->owner = nullptr;
+    views.ForEach([](OdDbObject* view) { view->owner = nullptr; });
 }
 
 void OdDbDatabaseImpl::assignMemoryHandles() {
@@ -99,7 +99,7 @@ OdDbObjectId OdDbDatabaseImpl::ownerOf(uint32_t index) {
 }
 
 void OdDbDatabaseImpl::forget(OdDbObject& view) {
-    views.erase(view.index);
+    views.Erase(view.index);
     if (!virtualObject(view.index)) dictionaries.leave(view.index);
 }
 
@@ -110,19 +110,14 @@ void OdDbDatabaseImpl::adopt(OdDbObject& view, RecordIndex index) {
 }
 
 OdDbObjectPtr OdDbDatabaseImpl::open(uint32_t index, OdDb::OpenMode mode) {
-    const auto [place, fresh] = views.try_emplace(index, nullptr);
-    if (fresh) {
-        try {
-            place->second = makeView(index);
-        } catch (...) {
-            views.erase(index);
-            throw;
-        }
-        place->second->owner = this;
-        place->second->index = index;
-        place->second->mode = OdDb::kForRead;
+    OdDbObjectPtr view = views.Find(index);
+    if (view.isNull()) {
+        view = makeView(index);
+        view->owner = this;
+        view->index = index;
+        view->mode = OdDb::kForRead;
+        views[index] = view;
     }
-    OdDbObjectPtr view = place->second;
     if (mode == OdDb::kForWrite) view->mode = OdDb::kForWrite;
     return view;
 }

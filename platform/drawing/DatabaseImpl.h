@@ -10,7 +10,9 @@
 #include "platform/drawing/DbDatabase.h"
 #include "platform/drawing/DictionaryCache.h"
 #include "platform/drawing/DrawingStructure.h"
+#include "platform/drawing/GePoint3d.h"
 #include "platform/drawing/LayerIndex.h"
+#include "platform/drawing/ViewTable.h"
 
 // An object that the file has no record of. Its index lies above those of all records.
 struct VirtualObject {
@@ -57,6 +59,25 @@ class OdDbDatabaseImpl {
                                      uint64_t ownerHandle, const Body& body);
     dxf::RecordIndex rootDictionaryForWrite();  // raises eNoDictionaries
     bool newRegApp(const OdString& application);
+    // The last record of a table, which is made where the drawing has none.
+    dxf::RecordIndex lastOf(DrawingStructure::Table& table, std::string_view name);
+    // A block without entities; its object index. A drawing without a table of block records gets
+    // the definition alone.
+    struct NewBlock {
+        OdString name;
+        OdGePoint3d origin;
+        uint64_t handle = 0;       // of its record; 0: a new one
+        std::string recordGroups;  // of its record behind the name
+    };
+    uint32_t addBlock(const NewBlock& block);
+    // An entity behind the last one of a block.
+    dxf::RecordIndex addEntity(uint32_t block, std::string bytes);
+    // Writes the flag and the SEQEND of a reference that is to have attributes.
+    void announceAttributes(dxf::RecordIndex reference);
+    bool writesHandles() const { return store.FileVersion() >= dxf::Version::R13; }
+    bool writesOwners() const { return store.FileVersion() >= dxf::Version::R2000; }
+    dxf::RecordIndex lastObject();  // the record that new objects go behind
+    void assignMemoryHandle(dxf::RecordIndex index);
     void erase(uint32_t index);  // with what it owns, and out of the dictionary that holds it
     void eraseOwned(dxf::RecordIndex index);  // the same, the dictionary that holds it untouched
     void unerase(uint32_t index);
@@ -91,16 +112,18 @@ class OdDbDatabaseImpl {
     OdDbObject* makeRecordView(dxf::RecordIndex index);
     OdDbObject* makeTableView(dxf::RecordIndex index);
     OdDbObject* makeOtherView(dxf::RecordIndex index);
-    dxf::RecordIndex lastObject();
     dxf::RecordIndex makeObjectsSection();
-    dxf::RecordIndex lastRegApp();
-    dxf::RecordIndex makeRegAppTable();
+    dxf::RecordIndex makeBlocksSection();
+    dxf::RecordIndex addBlockRecord(const NewBlock& block, uint64_t handle);
+    BlockIndex::Definition addDefinition(const NewBlock& block, uint64_t handle, uint64_t record);
+    void eraseDefinition(uint32_t block);
+    dxf::RecordIndex makeTable(DrawingStructure::Table& table, std::string_view name);
     void restore(std::vector<UndoStep>& from, std::vector<UndoStep>& to);
     void eraseRun(dxf::RecordIndex head, dxf::RecordType member);
     void attributeErased(dxf::RecordIndex index);
     void leaveDictionary(dxf::RecordIndex index);
 
-    std::unordered_map<uint32_t, OdDbObject*> views;
+    ViewTable views;
     std::vector<VirtualObject> virtuals;
     std::unordered_map<uint64_t, uint32_t> virtualHandles;
     uint64_t memoryHandle = 0;                             // the highest one given

@@ -46,6 +46,13 @@ OdDbObjectId OdDbBlockTable::getModelSpaceId() const {
     return core().idOf(core().blocks.modelSpace());
 }
 
+OdDbObjectId OdDbBlockTable::getAt(const OdString& name, bool getErased) const {
+    const uint32_t block = core().blocks.find(name.text());
+    if (block == dxf::kNoRecord) return OdDbObjectId();
+    const OdDbObjectId id = core().idOf(block);
+    return getErased || !id.isErased() ? id : OdDbObjectId();
+}
+
 std::vector<OdDbObjectId> OdDbBlockTable::records() const {
     std::vector<OdDbObjectId> ids;
     for (const uint32_t index : core().blocks.all()) ids.push_back(core().idOf(index));

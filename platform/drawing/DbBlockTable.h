@@ -8,6 +8,7 @@ class OdDbBlockTable : public OdDbSymbolTable {
     ODDB_DECLARE_MEMBERS(OdDbBlockTable);
 
     OdDbObjectId getModelSpaceId() const;
+    OdDbObjectId getAt(const OdString& name, bool getErased = false) const override;
 
   protected:
     std::vector<OdDbObjectId> records() const override;

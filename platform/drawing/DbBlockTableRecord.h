@@ -1,6 +1,7 @@
 // OdDbBlockTableRecord: a block definition, the model space or a layout, with its entities.
 #pragma once
 
+#include "platform/drawing/DbIdMapping.h"
 #include "platform/drawing/DbObjectIterator.h"
 #include "platform/drawing/DbSymbolTable.h"
 
@@ -22,5 +23,14 @@ class OdDbBlockTableRecord : public OdDbSymbolTableRecord {
     bool hasAttributeDefinitions() const;
     bool isAnonymous() const;  // "*U1", "*D3", ...
     bool isLayout() const;     // model space and paper spaces
+
+    // The point of the block that comes to lie where it is inserted.
+    OdGePoint3d origin() const;
+    void setOrigin(const OdGePoint3d& origin);
+    // Appends the references that stand anywhere in the drawing, in file order; with directOnly
+    // false also those of blocks that hold one. Looks at every record. Drawings are always read
+    // whole, so that forceValidity changes nothing.
+    void getBlockReferenceIds(OdDbObjectIdArray& ids, bool directOnly = true,
+                              bool forceValidity = false) const;
 };
 using OdDbBlockTableRecordPtr = OdSmartPtr<OdDbBlockTableRecord>;

@@ -9,6 +9,8 @@
 
 class OdDbDatabase;
 class OdDbDatabaseImpl;
+class OdDbIdMapping;
+class OdDbObjectIdArray;
 using OdDbDatabasePtr = OdSmartPtr<OdDbDatabase>;
 
 // Owns all objects; its end makes the views that are still held useless (see OdDbObject), and ids
@@ -46,6 +48,21 @@ class OdDbDatabase : public OdRxObject {
 
     // Adds the application to those that may have xdata; false when the drawing knows it already.
     bool newRegApp(const OdString& application);
+
+    // Makes a block of the model space of another drawing, which stays as it is. The base point of
+    // that drawing becomes the block's origin; layers, styles, line types and blocks that its
+    // entities use come along unless this drawing has them by name. The source may be of another
+    // format, code page or version; what this drawing's version has no place for raises OdError
+    // (eNotApplicable) with nothing changed. Raises eDuplicateKey for a name that is taken.
+    OdDbObjectId insert(const OdString& blockName, OdDbDatabase* source,
+                        bool preserveSourceDatabase = true);
+    // Copies entities, of this drawing or another one, into a block of this one, in their order and
+    // with all that belongs to them. Handles inside the copies (owners, boundaries, extended data)
+    // lead to the copies of what they led to. The mapping gets every object that was copied or
+    // stands for one. The last argument is taken as others give it: handles are always translated
+    // at once. Failures as insert.
+    void deepCloneObjects(const OdDbObjectIdArray& objectIds, const OdDbObjectId& ownerId,
+                          OdDbIdMapping& mapping, bool deferTranslation = false);
 
     dxf::Version version() const;
     const std::string& versionName() const;  // "AC1015"

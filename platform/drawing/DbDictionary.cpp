@@ -35,9 +35,11 @@ OdDbObjectPtr OdDbDictionaryIterator::getObject(OdDb::OpenMode mode) const {
 }
 
 OdDbObjectId OdDbDictionary::getAt(const OdString& key) const {
-    const DictionaryEntries* entries = entriesOf(*this);
-    const auto* entry = entries ? entries->find(key.text()) : nullptr;
-    return entry ? core().idOfHandle(entry->handle) : OdDbObjectId();
+    if (!database()) return OdDbObjectId();
+    OdDbDatabaseImpl& drawing = core();
+    const dxf::RecordIndex record = drawing.recordOf(objectId().objectIndex());
+    if (record == dxf::kNoRecord) return OdDbObjectId();
+    return drawing.idOfHandle(drawing.dictionaries.find(record, key.text()));
 }
 
 OdDbObjectPtr OdDbDictionary::getAt(const OdString& key, OdDb::OpenMode mode) const {

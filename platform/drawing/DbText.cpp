@@ -3,14 +3,18 @@
 
 #include "platform/drawing/DatabaseImpl.h"
 #include "platform/drawing/DbAttribute.h"
-#include "platform/drawing/DbAttributeDefinition.h"
 #include "platform/drawing/DbMText.h"
+#include "platform/drawing/GroupList.h"
+#include "platform/drawing/NewAttribute.h"
 #include "platform/drawing/TextChunks.h"
+#include "platform/drawing/Transform.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbText, OdDbEntity)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbMText, OdDbEntity)
-ODRX_NO_CONS_DEFINE_MEMBERS(OdDbAttribute, OdDbText)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbAttributeDefinition, OdDbText)
+
+using dxf::RecordIndex;
+using dxf::Store;
 
 namespace {
 
@@ -20,9 +24,6 @@ constexpr int kPrompt = 3;
 constexpr int kFlags = 70;
 constexpr int64_t kInvisible = 1;
 constexpr int64_t kConstant = 2;
-
-using dxf::RecordIndex;
-using dxf::Store;
 
 // The hint leads to the first 1 or 3; in a definition that may be the prompt.
 std::optional<dxf::Group> textGroup(const Store& store, RecordIndex index) {
@@ -41,10 +42,15 @@ uint32_t placeForText(const Store& store, RecordIndex index) {
     return height ? static_cast<uint32_t>(height->end) : groups::LayoutOf(store, index).ownEnd;
 }
 
-groups::Edit textEdit(const Store& store, RecordIndex index, const OdString& text) {
+std::string encodedText(const Store& store, RecordIndex index, const OdString& text) {
     std::string encoded = store.Codec().Encode(text.text());
     groups::CheckLength(u"a text", store.At(index).handle, encoded.size(),
                         groups::TextLimit(store));
+    return encoded;
+}
+
+groups::Edit textEdit(const Store& store, RecordIndex index, const OdString& text) {
+    std::string encoded = encodedText(store, index, text);
     if (const auto group = textGroup(store, index)) {
         return groups::ValueEdit(store, index, *group, std::move(encoded));
     }
@@ -79,6 +85,16 @@ ChunkRun embeddedContentsOf(const Store& store, RecordIndex index) {
     return ReadChunks(store, index, layout.embeddedBegin, layout.embeddedEnd);
 }
 
+int intOf(const Store& store, RecordIndex index, int code) {
+    const auto group = groups::Find(store, index, code);
+    return group ? static_cast<int>(group->AsInt()) : 0;
+}
+
+double doubleOf(const Store& store, RecordIndex index, int code, double absent) {
+    const auto group = groups::Find(store, index, code);
+    return group ? group->AsDouble() : absent;
+}
+
 bool hasEmbedded(const Store& store, RecordIndex index) {
     return (store.At(index).flags & dxf::kHasEmbedded) != 0;
 }
@@ -100,15 +116,38 @@ int64_t attributeFlags(const Store& store, RecordIndex index) {
 
 }  // namespace
 
+double OdDbText::height() const { return doubleOf(core().store, record(), 40, 0); }
+double OdDbText::rotation() const { return doubleOf(core().store, record(), 50, 0); }
+double OdDbText::thickness() const { return doubleOf(core().store, record(), 39, 0); }
+double OdDbText::widthFactor() const { return doubleOf(core().store, record(), 41, 1); }
+OdString OdDbText::textStyle() const { return groups::Text(core().store, record(), 7); }
+int OdDbText::horizontalMode() const { return intOf(core().store, record(), 72); }
+int OdDbText::verticalMode() const { return intOf(core().store, record(), 73); }
+OdGeVector3d OdDbText::normal() const { return NormalOf(GroupList(core().store, record())); }
+
 OdString OdDbText::textString() const { return textOf(core().store, record()); }
 
 void OdDbText::setTextString(const OdString& text) {
     Store& store = editable().store;
-    if (textGroup(store, record()) && textString() == text) return;
-    groups::Apply(store, record(), {textEdit(store, record(), text)});
+    const RecordIndex index = record();
+    const auto present = textGroup(store, index);
+    if (!present) return groups::Apply(store, index, {textEdit(store, index, text)});
+    if (store.Codec().Decode(present->value) == text.text()) return;
+    store.ReplaceValue(index, *present, encodedText(store, index, text));
 }
 
-OdString OdDbMText::contents() const { return OdString(contentsOf(core().store, record()).text); }
+OdRxObjectPtr OdDbMText::clone() const {
+    if (database()) return OdDbEntity::clone();
+    OdDbMTextPtr copy(new OdDbMText);
+    copy->groups = groups;
+    copy->text = text;
+    return copy;
+}
+
+OdString OdDbMText::contents() const {
+    if (!database()) return text;
+    return OdString(contentsOf(core().store, record()).text);
+}
 
 void OdDbMText::setContents(const OdString& contents) {
     Store& store = editable().store;
@@ -125,18 +164,27 @@ void OdDbMText::setContents(const OdString& contents) {
     groups::Apply(store, record(), edits);
 }
 
-OdString OdDbAttribute::tag() const { return groups::Text(core().store, record(), kTag); }
+OdString OdDbAttribute::tag() const {
+    return pending ? pending->tag : groups::Text(core().store, record(), kTag);
+}
 bool OdDbAttribute::isInvisible() const {
-    return attributeFlags(core().store, record()) & kInvisible;
+    return (pending ? pending->flags : attributeFlags(core().store, record())) & kInvisible;
 }
 bool OdDbAttribute::isConstant() const {
-    return attributeFlags(core().store, record()) & kConstant;
+    return (pending ? pending->flags : attributeFlags(core().store, record())) & kConstant;
 }
-bool OdDbAttribute::isMTextAttribute() const { return hasEmbedded(core().store, record()); }
+bool OdDbAttribute::isMTextAttribute() const {
+    return pending ? !pending->paragraphs.empty() : hasEmbedded(core().store, record());
+}
+int OdDbAttribute::verticalMode() const { return intOf(core().store, record(), 74); }
 
 void OdDbAttribute::setInvisible(bool invisible) {
-    Store& store = editable().store;
     if (isInvisible() == invisible) return;
+    if (pending) {
+        pending->flags ^= kInvisible;
+        return;
+    }
+    Store& store = editable().store;
     const int64_t flags = attributeFlags(store, record()) ^ kInvisible;
     const auto present = groups::Find(store, record(), kFlags);
     const auto tag = groups::Find(store, record(), kTag);
@@ -147,9 +195,31 @@ void OdDbAttribute::setInvisible(bool invisible) {
                   {{begin, end, store.NewWriter(record()).Int(kFlags, flags).Take()}});
 }
 
+OdString OdDbAttribute::textString() const {
+    return pending ? pending->text : OdDbText::textString();
+}
+
 void OdDbAttribute::setTextString(const OdString& text) {
+    if (pending) {
+        pending->text = text;
+        return;
+    }
     if (!isMTextAttribute()) return OdDbText::setTextString(text);
     setBothTexts(editable().store, record(), text);
+}
+
+int OdDbAttributeDefinition::fieldLength() const { return intOf(core().store, record(), 73); }
+int OdDbAttributeDefinition::verticalMode() const { return intOf(core().store, record(), 74); }
+
+OdDbMTextPtr OdDbAttributeDefinition::getMTextAttributeDefinition() const {
+    const Store& store = core().store;
+    const groups::Layout layout = groups::LayoutOf(store, record());
+    if (layout.embeddedEnd == 0) return OdDbMTextPtr();
+    OdDbMTextPtr inside(new OdDbMText);
+    inside->groups = store.Bytes(record()).substr(layout.embeddedBegin,
+                                                  layout.embeddedEnd - layout.embeddedBegin);
+    inside->text = OdString(embeddedContentsOf(store, record()).text);
+    return inside;
 }
 
 OdString OdDbAttributeDefinition::tag() const { return groups::Text(core().store, record(), kTag); }

@@ -171,6 +171,22 @@ DictionaryEntries& DictionaryCache::entries(dxf::RecordIndex record) {
     return *place;
 }
 
+uint64_t DictionaryCache::find(dxf::RecordIndex record, std::u16string_view name) {
+    const bool small = store.At(record).length <= kSmallRecord && !cache.contains(record);
+    if (!small) {
+        const auto* entry = entries(record).find(name);
+        return entry ? entry->handle : 0;
+    }
+    uint64_t found = 0;
+    const auto onPair = [&](const Group& key, const Group& reference) {
+        if (found != 0) return;
+        const std::u16string text = store.Codec().Decode(key.value);
+        if (text == name || text::CompareNoCase(text, name) == 0) found = reference.AsHandle();
+    };
+    walkPairs(store, record, onPair, [](const Group&) {});
+    return found;
+}
+
 void DictionaryCache::flush(dxf::RecordIndex record) {
     const auto found = cache.find(record);
     if (found != cache.end()) found->second->flush();

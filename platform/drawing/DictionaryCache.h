@@ -57,6 +57,9 @@ class DictionaryCache {
     explicit DictionaryCache(dxf::Store& store) : store(store) {}
 
     DictionaryEntries& entries(dxf::RecordIndex record);
+    // The handle under a key, 0 for none. A small dictionary that nobody has opened is looked
+    // through as it stands, and not kept.
+    uint64_t find(dxf::RecordIndex record, std::u16string_view name);
     void flush(dxf::RecordIndex record);  // before anybody reads the record's bytes
     void flushAll();
     void forget(dxf::RecordIndex record);  // its bytes are others now
@@ -65,6 +68,7 @@ class DictionaryCache {
 
   private:
     static constexpr size_t kSmall = 64;
+    static constexpr uint32_t kSmallRecord = 1024;  // bytes
 
     dxf::Store& store;
     std::unordered_map<dxf::RecordIndex, std::unique_ptr<DictionaryEntries>> cache;

@@ -84,7 +84,10 @@ void DrawingStructure::sectionBegins(const dxf::Store& store, RecordIndex index)
 }
 
 void DrawingStructure::sectionEnds(RecordIndex index) {
+    if (section == Section::Header) headerEnd = index;
+    if (section == Section::Classes) classesEnd = index;
     if (section == Section::Tables) tablesEnd = index;
+    if (section == Section::Blocks) blocksEnd = index;
     if (section == Section::Entities) entitiesEnd = index;
     if (section == Section::Objects) objectsEnd = index;
     if (blockOpen) blocks.back().end = index;
@@ -97,7 +100,8 @@ void DrawingStructure::sectionEnds(RecordIndex index) {
 RecordType DrawingStructure::recordTypeOf(const Table& of) const {
     return &of == &layers         ? RecordType::Layer
            : &of == &blockRecords ? RecordType::BlockRecord
-                                  : RecordType::AppId;
+           : &of == &applications ? RecordType::AppId
+                                  : RecordType::Eof;  // none of the table's own
 }
 
 void DrawingStructure::tableRecord(const dxf::Store& store, RecordIndex index) {
@@ -107,6 +111,9 @@ void DrawingStructure::tableRecord(const dxf::Store& store, RecordIndex index) {
         table = name == "LAYER"          ? &layers
                 : name == "BLOCK_RECORD" ? &blockRecords
                 : name == "APPID"        ? &applications
+                : name == "LTYPE"        ? &linetypes
+                : name == "STYLE"        ? &textStyles
+                : name == "DIMSTYLE"     ? &dimStyles
                                          : nullptr;
         if (table && table->table == dxf::kNoRecord) table->table = index;
     } else if (type == RecordType::Endtab) {

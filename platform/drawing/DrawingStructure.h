@@ -20,8 +20,12 @@ struct DrawingStructure {
     explicit DrawingStructure(const dxf::Store& store);
 
     Table layers, blockRecords, applications;
+    Table linetypes, textStyles, dimStyles;  // without their records
     std::vector<Block> blocks;
     dxf::RecordIndex tablesEnd = dxf::kNoRecord;      // the ENDSEC
+    dxf::RecordIndex blocksEnd = dxf::kNoRecord;      // the ENDSEC
+    dxf::RecordIndex classesEnd = dxf::kNoRecord;     // the ENDSEC
+    dxf::RecordIndex headerEnd = dxf::kNoRecord;      // the ENDSEC
     dxf::RecordIndex entitiesBegin = dxf::kNoRecord;  // the SECTION
     dxf::RecordIndex entitiesEnd = dxf::kNoRecord;
     dxf::RecordIndex objectsBegin = dxf::kNoRecord;

@@ -1,5 +1,6 @@
 // Taking objects out of a drawing, with what belongs to them alone.
 #include "platform/drawing/DatabaseImpl.h"
+#include "platform/drawing/DimensionPicture.h"
 #include "platform/drawing/Groups.h"
 
 using dxf::kNoRecord;
@@ -26,6 +27,9 @@ void OdDbDatabaseImpl::eraseOwned(RecordIndex first) {
         const dxf::Record& record = store.At(index);
         if (record.type == RecordType::Insert) eraseRun(index, RecordType::Attrib);
         if (record.type == RecordType::Polyline) eraseRun(index, RecordType::Vertex);
+        if (const uint32_t picture = PictureOf(*this, index); picture != kNoRecord) {
+            waiting.push_back(picture);
+        }
         if (record.type == RecordType::Dictionary) {
             dictionaries.flush(index);
             for (const auto* entry : dictionaries.entries(index).standing(false)) {
@@ -35,7 +39,20 @@ void OdDbDatabaseImpl::eraseOwned(RecordIndex first) {
                 }
             }
         }
+        const bool block =
+            record.type == RecordType::BlockRecord || record.type == RecordType::Block;
+        if (block && blocks.isBlockRecord(index)) eraseDefinition(index);
         store.SetErased(index, true);
+    }
+}
+
+// The BLOCK, its entities and the ENDBLK.
+void OdDbDatabaseImpl::eraseDefinition(uint32_t block) {
+    const auto [begin, end] = blocks.definition(block);
+    if (begin == kNoRecord) return;
+    for (RecordIndex i = begin; i != kNoRecord; i = store.Next(i)) {
+        if (!isErased(i)) store.SetErased(i, true);
+        if (i == end) return;
     }
 }
 

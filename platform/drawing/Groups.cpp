@@ -101,7 +101,7 @@ size_t TextLimit(const dxf::Store& store) {
     return store.FileVersion() < dxf::Version::R2000 ? kOldTextLimit : kTextLimit;
 }
 
-void CheckLength(const OdString& what, uint64_t handle, size_t bytes, size_t limit) {
+void CheckLength(const char16_t* what, uint64_t handle, size_t bytes, size_t limit) {
     if (bytes <= limit) return;
     throw OdError(eStringTooLong, OdString(u"object ") + OdDbHandle(handle).ascii() + u": " + what +
                                       u" of " + number(bytes) +

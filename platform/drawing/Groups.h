@@ -48,6 +48,6 @@ Edit ValueEdit(const dxf::Store& store, dxf::RecordIndex index, const dxf::Group
 size_t TextLimit(const dxf::Store& store);
 
 // Raises OdError (eStringTooLong) that names the handle, the length and the limit.
-void CheckLength(const OdString& what, uint64_t handle, size_t bytes, size_t limit);
+void CheckLength(const char16_t* what, uint64_t handle, size_t bytes, size_t limit);
 
 }  // namespace groups

@@ -1,6 +1,8 @@
 // The layers and the entities on them.
 #include "platform/drawing/LayerIndex.h"
 
+#include <algorithm>
+
 #include "platform/drawing/DatabaseImpl.h"
 #include "platform/drawing/Groups.h"
 #include "platform/text/Conversion.h"
@@ -19,6 +21,18 @@ uint32_t LayerIndex::find(const std::u16string& name) {
     build();
     const auto found = byName.find(text::FoldCase(name));
     return found == byName.end() ? kNoRecord : found->second;
+}
+
+// It takes the place of one of its name that was taken back by an undo.
+void LayerIndex::layerAdded(uint32_t index, const OdString& name) {
+    build();
+    const auto former = byName.find(text::FoldCase(name.text()));
+    if (former != byName.end()) {
+        if (!database.isErased(former->second)) return;
+        std::ranges::replace(byInterned, former->second, index);
+        byName.erase(former);
+    }
+    add(index, name);
 }
 
 const OdString& LayerIndex::nameOf(uint32_t index) {

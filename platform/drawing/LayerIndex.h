@@ -17,6 +17,9 @@ class LayerIndex {
     uint32_t find(const std::u16string& name);  // without regard to case; kNoRecord for none
     const OdString& nameOf(uint32_t index);
     uint32_t layerOf(dxf::RecordIndex entity);  // object index; of layer "0" without a layer group
+    // A declared layer was added to the drawing; entities were added to a block.
+    void layerAdded(uint32_t index, const OdString& name);
+    void entitiesAdded(uint32_t block) { spaces.erase(block); }
     // The entities of a block on all layers of exactly that name.
     const std::vector<dxf::RecordIndex>& entities(uint32_t block, const OdString& layer);
 

@@ -24,7 +24,10 @@ uint64_t OdDbDatabaseImpl::newHandle() {
     return handle;
 }
 
-// The record that new objects go behind.
+void OdDbDatabaseImpl::assignMemoryHandle(RecordIndex index) {
+    store.AssignMemoryHandle(index, nextMemoryHandle());
+}
+
 RecordIndex OdDbDatabaseImpl::lastObject() {
     if (!stands(store, structure.objectsEnd)) structure.objectsEnd = makeObjectsSection();
     return store.Previous(structure.objectsEnd);
@@ -67,29 +70,27 @@ bool OdDbDatabaseImpl::newRegApp(const OdString& application) {
         return false;
     }
     checkEditable();
-    const RecordIndex last = lastRegApp();
-    const bool withHandles = store.FileVersion() >= dxf::Version::R13;
+    const RecordIndex last = lastOf(structure.applications, "APPID");
     dxf::GroupWriter writer = store.NewWriter(last);
     writer.String(0, "APPID");
-    if (withHandles) {
+    if (writesHandles()) {
         writer.Handle(5, newHandle()).Handle(330, handleOf(regAppTable));
         writer.String(100, "AcDbSymbolTableRecord").String(100, "AcDbRegAppTableRecord");
     }
     writer.String(2, store.Codec().Encode(application.text())).Int(70, 0);
     const RecordIndex added = store.InsertAfter(last, writer.Take());
-    if (!withHandles) store.AssignMemoryHandle(added, nextMemoryHandle());
+    if (!writesHandles()) assignMemoryHandle(added);
     knownApplications.insert(std::move(folded));
     return true;
 }
 
-RecordIndex OdDbDatabaseImpl::lastRegApp() {
-    auto& table = structure.applications;
-    if (!stands(store, table.end)) table.end = makeRegAppTable();
+RecordIndex OdDbDatabaseImpl::lastOf(DrawingStructure::Table& table, std::string_view name) {
+    if (!stands(store, table.end)) table.end = makeTable(table, name);
     return store.Previous(table.end);
 }
 
 // In the TABLES section, or in one made for it.
-RecordIndex OdDbDatabaseImpl::makeRegAppTable() {
+RecordIndex OdDbDatabaseImpl::makeTable(DrawingStructure::Table& table, std::string_view name) {
     RecordIndex before = stands(store, structure.tablesEnd) ? store.Previous(structure.tablesEnd)
                                                             : structure.lastSectionEnd;
     if (!stands(store, before)) {
@@ -101,18 +102,17 @@ RecordIndex OdDbDatabaseImpl::makeRegAppTable() {
         dxf::GroupWriter section = store.NewWriter(before);
         before = store.InsertAfter(before, section.String(0, "SECTION").String(2, "TABLES").Take());
     }
-    const bool withHandles = store.FileVersion() >= dxf::Version::R13;
     dxf::GroupWriter writer = store.NewWriter(before);
-    writer.String(0, "TABLE").String(2, "APPID");
-    if (withHandles) {
+    writer.String(0, "TABLE").String(2, name);
+    if (writesHandles()) {
         writer.Handle(5, newHandle()).Handle(330, 0).String(100, "AcDbSymbolTable");
     }
-    structure.applications.table = store.InsertAfter(before, writer.Int(70, 1).Take());
-    if (virtualObject(regAppTable)) {
-        virtuals[regAppTable - kFirstVirtual].written = structure.applications.table;
+    table.table = store.InsertAfter(before, writer.Int(70, 1).Take());
+    if (&table == &structure.applications && virtualObject(regAppTable)) {
+        virtuals[regAppTable - kFirstVirtual].written = table.table;
     }
-    const RecordIndex end = store.InsertAfter(structure.applications.table,
-                                              store.NewWriter(before).String(0, "ENDTAB").Take());
+    const RecordIndex end =
+        store.InsertAfter(table.table, store.NewWriter(before).String(0, "ENDTAB").Take());
     if (ownSection) store.InsertAfter(end, store.NewWriter(before).String(0, "ENDSEC").Take());
     return end;
 }

@@ -24,6 +24,8 @@ const ResultText kResults[] = {
     {eInvalidKey, u"eInvalidKey", u"the key is not allowed here"},
     {eKeyNotFound, u"eKeyNotFound", u"there is no entry of that key"},
     {eDuplicateKey, u"eDuplicateKey", u"there is an entry of that key already"},
+    {eCannotScaleNonUniformly, u"eCannotScaleNonUniformly",
+     u"the entity cannot be scaled in this way and stay of its type"},
     {eStringTooLong, u"eStringTooLong", u"the text is too long for its place in the drawing"},
     {eNotApplicable, u"eNotApplicable", u"the operation does not apply to this object"},
     {eNoDictionaries, u"eNoDictionaries",

@@ -15,10 +15,11 @@ enum OdResult {
     eInvalidKey,
     eKeyNotFound,
     eDuplicateKey,
-    eStringTooLong,    // the drawing's format has no room for a text; nothing was changed
-    eNotApplicable,    // the object or the drawing's version has no such thing
-    eNoDictionaries,   // drawings of that version (R12 and older) have no dictionaries
-    eReadOnlyDrawing,  // the file can be read but not safely edited
+    eCannotScaleNonUniformly,  // the entity would have to become one of another type
+    eStringTooLong,            // the drawing's format has no room for a text; nothing was changed
+    eNotApplicable,            // the object or the drawing's version has no such thing
+    eNoDictionaries,           // drawings of that version (R12 and older) have no dictionaries
+    eReadOnlyDrawing,          // the file can be read but not safely edited
     eFileReadError,
     eFileWriteError,
 };

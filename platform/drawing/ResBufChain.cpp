@@ -95,12 +95,12 @@ OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, 
 }
 
 ResBufWriter::ResBufWriter(const dxf::Store& store, dxf::RecordIndex neighbour, uint64_t handle,
-                           size_t stringLimit, OdString what)
+                           size_t stringLimit, const char16_t* what)
     : store(store),
       writer(store.NewWriter(neighbour)),
       handle(handle),
       stringLimit(stringLimit),
-      what(std::move(what)) {}
+      what(what) {}
 
 void ResBufWriter::Write(const OdResBuf& entry) {
     const bool unchanged = entry.source && entry.source->store == &store;

@@ -17,7 +17,7 @@ class ResBufReader {
 class ResBufWriter {
   public:
     ResBufWriter(const dxf::Store& store, dxf::RecordIndex neighbour, uint64_t handle,
-                 size_t stringLimit, OdString what);
+                 size_t stringLimit, const char16_t* what);
     // Raises OdError: eInvalidResBuf for a value that its code does not take, eStringTooLong.
     void Write(const OdResBuf& entry);
     std::string Take() { return writer.Take(); }
@@ -32,5 +32,5 @@ class ResBufWriter {
     dxf::GroupWriter writer;
     uint64_t handle;
     size_t stringLimit;
-    OdString what;  // for messages: "an extended data string"
+    const char16_t* what;  // for messages: "an extended data string"
 };

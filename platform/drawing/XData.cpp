@@ -1,6 +1,8 @@
 // Reading and replacing the extended data of a record, application by application.
 #include "platform/drawing/XData.h"
 
+#include <algorithm>
+
 #include "platform/drawing/DatabaseImpl.h"
 #include "platform/drawing/Groups.h"
 #include "platform/drawing/ResBufChain.h"
@@ -35,6 +37,8 @@ std::vector<Span> spansOf(const dxf::Store& store, RecordIndex index) {
 }
 
 bool sameName(const dxf::Store& store, std::string_view raw, std::u16string_view name) {
+    const bool plain = name.find_first_of(u"^\\") == name.npos;
+    if (plain && std::equal(raw.begin(), raw.end(), name.begin(), name.end())) return true;
     const std::u16string decoded = store.Codec().Decode(raw);
     return decoded == name || text::CompareNoCase(decoded, name) == 0;
 }

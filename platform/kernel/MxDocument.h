@@ -5,6 +5,7 @@
 
 #include "platform/text/OdString.h"
 
+class CMxColorPicker;
 class CMxLispEngine;
 class OdDbDatabase;
 
@@ -38,6 +39,7 @@ class CMxDocument {
     virtual CMxLispEngine* GetLispEngine() = 0;        // may be null
     virtual CMxDisplayTarget* GetDisplayTarget() = 0;  // for Redraw of the display object
     virtual CMxDocumentRegistry* GetRegistry() = 0;    // never null
+    virtual CMxColorPicker* GetColorPicker() = 0;      // never null
     virtual OdString GetFileName() const = 0;          // native path, empty for an unnamed drawing
 
     virtual ~CMxDocument() = default;

@@ -1,9 +1,17 @@
 // CArray: a growing array with the member names of MFC.
 #pragma once
 
+#include <stdexcept>
+#include <string>
 #include <vector>
 
-// An index outside the array throws std::out_of_range. Elements that are pointers are not owned.
+// The invalid-argument failure of the framework.
+class CInvalidArgException : public std::out_of_range {
+  public:
+    using std::out_of_range::out_of_range;
+};
+
+// An index outside the array throws CInvalidArgException. Elements that are pointers are not owned.
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray {
   public:
@@ -11,22 +19,26 @@ class CArray {
     int GetCount() const { return GetSize(); }
     bool IsEmpty() const { return elements.empty(); }
 
-    const TYPE& GetAt(int index) const { return elements.at(index); }
-    void SetAt(int index, ARG_TYPE value) { elements.at(index) = value; }
-    TYPE& operator[](int index) { return elements.at(index); }
-    const TYPE& operator[](int index) const { return elements.at(index); }
+    const TYPE& GetAt(int index) const { return elements[Checked(index)]; }
+    void SetAt(int index, ARG_TYPE value) { elements[Checked(index)] = value; }
+    TYPE& operator[](int index) { return elements[Checked(index)]; }
+    const TYPE& operator[](int index) const { return elements[Checked(index)]; }
 
     // The index of the new element.
     int Add(ARG_TYPE value) {
         elements.push_back(value);
         return GetSize() - 1;
     }
-    void RemoveAt(int index) {
-        elements.at(index);
-        elements.erase(elements.begin() + index);
-    }
+    void RemoveAt(int index) { elements.erase(elements.begin() + Checked(index)); }
     void RemoveAll() { elements.clear(); }
 
   private:
+    int Checked(int index) const {
+        if (index < 0 || index >= GetSize())
+            throw CInvalidArgException("index " + std::to_string(index) + " in an array of " +
+                                       std::to_string(GetSize()) + " elements");
+        return index;
+    }
+
     std::vector<TYPE> elements;
 };

@@ -207,6 +207,10 @@ size_t AsciiPrefix(std::string_view bytes) {
 void DecodeUtf8(std::string_view bytes, std::u16string& out) {
     for (size_t i = 0; i < bytes.size();) {
         size_t start = i;
+        if (static_cast<unsigned char>(bytes[i]) < 0x80) {
+            out += static_cast<char16_t>(bytes[i++]);
+            continue;
+        }
         std::optional<char32_t> codePoint = text::NextNarrow(bytes, i);
         if (codePoint && !IsSurrogate(*codePoint)) {
             text::AppendWide(*codePoint, out);

@@ -105,8 +105,15 @@ std::string NarrowFromWide(std::u16string_view wide) {
 std::u16string WideFromNarrow(std::string_view narrow) {
     std::u16string out;
     out.reserve(narrow.size());
-    for (size_t i = 0; i < narrow.size();)
-        AppendWide(NextNarrow(narrow, i).value_or(kReplacement), out);
+    for (size_t i = 0; i < narrow.size();) {
+        const auto byte = static_cast<unsigned char>(narrow[i]);
+        if (byte < 0x80) {
+            out += static_cast<char16_t>(byte);
+            ++i;
+        } else {
+            AppendWide(NextNarrow(narrow, i).value_or(kReplacement), out);
+        }
+    }
     return out;
 }
 
@@ -115,8 +122,10 @@ std::u16string ToUpper(std::u16string_view wide) { return MapCodePoints(wide, Up
 std::u16string FoldCase(std::u16string_view wide) { return MapCodePoints(wide, Folded); }
 
 int CompareNoCase(std::u16string_view a, std::u16string_view b) {
-    size_t i = 0;
-    size_t j = 0;
+    // Units in common compare equal whatever their case; a pair must not be taken apart.
+    size_t i = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first - a.begin();
+    if (i > 0 && QChar::isHighSurrogate(a[i - 1])) --i;
+    size_t j = i;
     while (i < a.size() && j < b.size()) {
         char32_t left = Folded(NextCodePoint(a, i));
         char32_t right = Folded(NextCodePoint(b, j));

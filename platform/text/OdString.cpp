@@ -25,12 +25,12 @@ std::u16string& OdString::edit() {
 }
 
 OdString& OdString::trimLeft() {
-    edit() = std::u16string(text::TrimLeft(edit()));
+    edit().erase(0, wide.size() - text::TrimLeft(wide).size());
     return *this;
 }
 
 OdString& OdString::trimRight() {
-    edit().resize(text::TrimRight(edit()).size());
+    edit().resize(text::TrimRight(wide).size());
     return *this;
 }
 

@@ -22,6 +22,7 @@ class OdString {
         if (narrowOnly) syncUnicode();
         return wide;
     }
+    std::u16string takeText() && { return std::move(edit()); }
     std::string narrowText() const;  // UTF-8
 
     bool isEmpty() const { return text().empty(); }

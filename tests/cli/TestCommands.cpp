@@ -1,6 +1,7 @@
 // The commands one by one: what they print and with which status they end.
 #include "tests/cli/CliRun.h"
 #include "tests/cli/SampleDrawing.h"
+#include "tests/support/PostgresServer.h"
 
 namespace {
 
@@ -34,11 +35,23 @@ INSTANTIATE_TEST_SUITE_P(
     Cli, Command,
     testing::Values(
         Case{"NoCommand", {}, 2, "", "subcommand is required"},
-        Case{"UnknownCommand", {"frobnicate"}, 2, "", "kelvara: "},
+        Case{"UnknownCommand", {"frobnicate"}, 2, "", "unexpected \"frobnicate\""},
         Case{"UnknownOption", {"info", "in.dxf", "--frobnicate"}, 2, "", "--frobnicate"},
         Case{"MissingDrawing", {"info"}, 2, "", "DRAWING is required"},
         Case{"TranslateWithoutTarget", {"translate", "in.dxf"}, 2, "", "--to is required"},
         Case{"StrictAndLayer0", {"texts", "in.dxf", "--strict", "--layer-0"}, 2, "", "excludes"},
+        Case{"EmptyOutput",
+             {"translate", "in.dxf", "--to", "1", "-o", ""},
+             2,
+             "",
+             "an empty name was given"},
+        Case{"NoPageNamed", {"texts", "in.dxf", "--pages", ","}, 2, "", "names no page"},
+        Case{"TwoThingsFromStdin", {"import", "-", "-", "--to", "1"}, 2, "", "standard input"},
+        Case{"TwoThingsToStdout",
+             {"translate", "in.dxf", "--to", "1", "-o", "-", "--csv", "-"},
+             2,
+             "",
+             "standard output"},
         Case{"Version", {"--version"}, 0, "kelvara 0.1.0\n", ""},
         Case{"Pages", {"pages", "in.dxf"}, 0, "P1    6  7\nP2    2  3\n", ""},
         Case{"PagesJson",
@@ -93,6 +106,8 @@ INSTANTIATE_TEST_SUITE_P(
              ""}),
     Name);
 
+using ServerDb = CliTest;
+
 class Db : public CliTest {
   protected:
     void SetUp() override {
@@ -135,7 +150,38 @@ TEST_F(Db, CheckNamesWhatIsWrong) {
     const CliResult result = Db_({"check"});
     EXPECT_EQ(result.status, 0) << result.err;
     EXPECT_NE(result.out.find("empty"), std::string::npos) << result.out;
-    EXPECT_NE(result.err.find("1 findings"), std::string::npos) << result.err;
+    EXPECT_NE(result.err.find("1 finding\n"), std::string::npos) << result.err;
+}
+
+// On a server the commands do what they do on a file.
+TEST_F(ServerDb, KeepsADictionaryAndTranslatesWithIt) {
+    const QStringList database{"--database", PostgresServer::Shared().NewDatabase()};
+    Write("languages.txt", "Português\nEnglish\n");
+    Write("terms.csv", "Português,English\nMotor,Engine\nBomba,\n");
+    Write("in.dxf", SampleDrawing());
+    const struct {
+        QStringList arguments;
+        const char *out, *err;
+    } cases[] = {
+        {{"db", "init", "--languages", "languages.txt"}, "", "is ready, 2 languages added\n"},
+        {{"db", "import", "terms.csv"}, "added      2\n", ""},
+        {{"db", "add-language", "Deutsch"}, "3  Deutsch  in use\n", ""},
+        {{"db", "languages"}, "2  English    in use\n", ""},
+        {{"db", "terms"}, "1  Motor  Engine", ""},
+        {{"db", "check"}, "empty", "3 findings\n"},
+        {{"lines", "in.dxf", "--from", "1", "--to", "English"}, "Engine", ""},
+        {{"translate", "in.dxf", "--from", "1", "--to", "2", "-o", "out.dxf"},
+         " strings changed, 0 other values changed",
+         ""},
+    };
+    for (const auto& c : cases) {
+        const CliResult result = Run(database + c.arguments);
+        EXPECT_EQ(result.status, 0) << result.err;
+        EXPECT_NE(result.out.find(c.out), std::string::npos) << result.out;
+        EXPECT_NE(result.err.find(c.err), std::string::npos) << result.err;
+        EXPECT_EQ(result.err.find("secret"), std::string::npos) << result.err;
+    }
+    EXPECT_NE(Read("out.dxf").find("Engine"), std::string::npos);
 }
 
 }  // namespace

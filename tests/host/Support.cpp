@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include "tests/support/PostgresServer.h"
+
 namespace {
 
 class Application : public testing::Environment {
@@ -37,6 +39,30 @@ std::string Groups(std::initializer_list<std::pair<int, std::string>> groups) {
 Folder::Folder() {
     EXPECT_TRUE(folder.isValid());
     chmod(folder.path().toUtf8().constData(), 0777);
+}
+
+QString DictionaryPlace::Url() {
+    if (GetParam() == Where::File) return folder.Database();
+    if (server.isEmpty()) server = PostgresServer::Shared().NewDatabase();
+    return server;
+}
+
+void DictionaryPlace::RunRaw(const QStringList& statements) {
+    if (GetParam() == Where::File) return ::RunRaw(folder.File("dictionary.sqlite"), statements);
+    PostgresServer::Shared().Run(Url(), statements);
+}
+
+void RunRaw(const QString& file, const QStringList& statements) {
+    {
+        QSqlDatabase raw = QSqlDatabase::addDatabase("QSQLITE", "raw");
+        raw.setDatabaseName(file);
+        ASSERT_TRUE(raw.open());
+        for (const QString& statement : statements) {
+            QSqlQuery query(raw);
+            ASSERT_TRUE(query.exec(statement)) << statement.toStdString();
+        }
+    }
+    QSqlDatabase::removeDatabase("raw");
 }
 
 OrdinaryUser::OrdinaryUser() : before(geteuid()) {

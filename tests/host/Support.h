@@ -13,6 +13,9 @@
 #include "platform/drawing/DbDatabase.h"
 #include "platform/kernel/KVQuery.h"
 
+// Where the dictionary of a test is: what must hold for a file must hold on a server too.
+enum class Where { File, Server };
+
 // A folder that other users can reach too (see OrdinaryUser), removed at the end.
 class Folder {
   public:
@@ -23,6 +26,26 @@ class Folder {
   private:
     QTemporaryDir folder;
 };
+
+// A test on both: TEST_P, and ON_FILE_AND_SERVER(Test) once.
+class DictionaryPlace : public testing::TestWithParam<Where> {
+  protected:
+    QString Url();  // of this test's database, which is empty at first
+    // Statements as another program runs them.
+    void RunRaw(const QStringList& statements);
+
+    Folder folder;
+
+  private:
+    QString server;
+};
+
+#define ON_FILE_AND_SERVER(test)                                        \
+    INSTANTIATE_TEST_SUITE_P(File, test, testing::Values(Where::File)); \
+    INSTANTIATE_TEST_SUITE_P(Server, test, testing::Values(Where::Server))
+
+// Statements on a file as a program other than this one would run them.
+void RunRaw(const QString& file, const QStringList& statements);
 
 // Tests may run as root, whom no permission stops: while this lives they do not.
 class OrdinaryUser {

@@ -11,14 +11,10 @@ using host::Dictionary;
 using host::DictionaryFinding;
 using host::OnMissing;
 
-class DictionaryTest : public testing::Test {
+class DictionaryTest : public DictionaryPlace {
   protected:
-    DictionaryTest() : dictionary(folder.Database(), OnMissing::Create) {
+    DictionaryTest() : dictionary(Url(), OnMissing::Create) {
         dictionary.AddLanguages({"Português", "English", "Deutsch"});
-    }
-    void Run(const QString& statement) {
-        host::SqlConnection(host::ParseDatabaseUrl(folder.Database()), OnMissing::Refuse)
-            .Run(statement);
     }
     std::vector<QStringList> Texts() {
         std::vector<QStringList> texts;
@@ -26,11 +22,11 @@ class DictionaryTest : public testing::Test {
         return texts;
     }
 
-    Folder folder;
     Dictionary dictionary;
 };
+ON_FILE_AND_SERVER(DictionaryTest);
 
-TEST_F(DictionaryTest, LanguagesAreNumberedAndTheNextOneGetsItsColumn) {
+TEST_P(DictionaryTest, LanguagesAreNumberedAndTheNextOneGetsItsColumn) {
     dictionary.Import({"Português"}, {{"Motor"}});
     const host::Language added = dictionary.AddLanguage("  Español ");
     EXPECT_EQ(added.key, "4");
@@ -41,19 +37,19 @@ TEST_F(DictionaryTest, LanguagesAreNumberedAndTheNextOneGetsItsColumn) {
 }
 
 // What a drawing's code page could not decode is kept as unpaired surrogates; a term may hold it.
-TEST_F(DictionaryTest, EveryUnitOfATextComesBack) {
-    const QString odd = QString::fromUtf16(u"a\xDC81 z \xD83D\xDE00 \xFFFF \xD801");
+TEST_P(DictionaryTest, EveryUnitOfATextComesBack) {
+    const QString odd = QString::fromUtf16(u"a\xDC81 z \xD83D\xDE00 \xFFFF \xDBFC\xDC81 \xD801");
     dictionary.Import({"Português", "English"}, {{"Motor", odd}, {odd, "Motor"}});
     EXPECT_EQ(Texts(), (std::vector<QStringList>{{"Motor", odd, ""}, {odd, "Motor", ""}}));
 }
 
-TEST_F(DictionaryTest, TenthLanguageComesBehindTheNinth) {
+TEST_P(DictionaryTest, TenthLanguageComesBehindTheNinth) {
     for (int i = 4; i <= 11; ++i) dictionary.AddLanguage(QString::number(i * 11));
     EXPECT_EQ(dictionary.Languages()[9].key, "10");
     EXPECT_EQ(dictionary.Languages()[10].key, "11");
 }
 
-TEST_F(DictionaryTest, RefusedLanguagesChangeNothing) {
+TEST_P(DictionaryTest, RefusedLanguagesChangeNothing) {
     const struct {
         QStringList names;
         const char* reason;
@@ -66,7 +62,7 @@ TEST_F(DictionaryTest, RefusedLanguagesChangeNothing) {
     }
 }
 
-TEST_F(DictionaryTest, ImportMergesByTheFirstColumn) {
+TEST_P(DictionaryTest, ImportMergesByTheFirstColumn) {
     dictionary.Import({"Português", "English"}, {{"Motor", "Engine"}, {"Porta", "Door"}});
     const auto report = dictionary.Import({"português", "3", "English"},
                                           {{"Motor", "Motor", ""},      // adds to the term
@@ -88,7 +84,7 @@ TEST_F(DictionaryTest, ImportMergesByTheFirstColumn) {
     EXPECT_EQ(report.tooLong, std::vector<int>{6});
 }
 
-TEST_F(DictionaryTest, RefusedImportsChangeNothing) {
+TEST_P(DictionaryTest, RefusedImportsChangeNothing) {
     const struct {
         QStringList header;
         const char* reason;
@@ -104,7 +100,7 @@ TEST_F(DictionaryTest, RefusedImportsChangeNothing) {
 }
 
 // Importing a second time what was read out must change nothing, whatever the texts.
-TEST_F(DictionaryTest, ImportOfItsOwnTermsChangesNothing) {
+TEST_P(DictionaryTest, ImportOfItsOwnTermsChangesNothing) {
     std::mt19937 random(7);
     const QStringList letters{"a",  "é",  "\"", "'", ";",  ",",
                               "\t", "\n", "\\", "%", "漢", "\U0001F600"};
@@ -129,22 +125,32 @@ TEST_F(DictionaryTest, ImportOfItsOwnTermsChangesNothing) {
     EXPECT_EQ(again.added + again.changed, 0);
 }
 
-TEST_F(DictionaryTest, ChecksFindWhatTranslationsWouldStumbleOver) {
-    Run("INSERT INTO BDTRANSLATOR (LANGUAGE1, LANGUAGE2, LANGUAGE3) VALUES ('Motor', 'Engine', "
-        "'M')");
-    Run("INSERT INTO BDTRANSLATOR (LANGUAGE1, LANGUAGE2) VALUES ('Motor', 'Motor')");
-    Run("UPDATE BDTRANSLATOR SET LANGUAGE3 = '" + QString(251, 'x') + "' WHERE TRANS_KEY = 1");
+TEST_P(DictionaryTest, ChecksFindWhatTranslationsWouldStumbleOver) {
+    RunRaw({"INSERT INTO BDTRANSLATOR (LANGUAGE1, LANGUAGE2, LANGUAGE3) VALUES ('Motor', 'a', 'M')",
+            "INSERT INTO BDTRANSLATOR (LANGUAGE1, LANGUAGE2) VALUES ('Motor', 'Motor')"});
     std::vector<std::pair<DictionaryFinding::Kind, int>> found;
     for (const auto& finding : dictionary.Check()) found.emplace_back(finding.kind, finding.term);
     using Kind = DictionaryFinding::Kind;
-    EXPECT_EQ(found, (std::vector<std::pair<Kind, int>>{
-                         {Kind::TooLong, 1}, {Kind::EmptyText, 2}, {Kind::DoubledSource, 2}}));
+    EXPECT_EQ(found,
+              (std::vector<std::pair<Kind, int>>{{Kind::EmptyText, 2}, {Kind::DoubledSource, 2}}));
 
-    Run("UPDATE BDLANGUAGE SET LANG_KEY = '4' WHERE LANG_KEY = '3'");
+    RunRaw({"UPDATE BDLANGUAGE SET LANG_KEY = '4' WHERE LANG_KEY = '3'"});
     const auto findings = dictionary.Check();
     ASSERT_EQ(findings.size(), 2u);
     EXPECT_EQ(findings[0].kind, Kind::LanguageKey);
     EXPECT_EQ(findings[1].kind, Kind::MissingColumn);
+}
+
+// A server takes none; in a file another program may have left one.
+TEST(DictionaryFile, ChecksFindTextsOverTheLengthOfTheirColumn) {
+    Folder folder;
+    Dictionary dictionary(folder.Database(), OnMissing::Create);
+    dictionary.AddLanguage("Português");
+    RunRaw(folder.File("dictionary.sqlite"),
+           {"INSERT INTO BDTRANSLATOR (LANGUAGE1) VALUES ('" + QString(251, 'x') + "')"});
+    const auto findings = dictionary.Check();
+    ASSERT_EQ(findings.size(), 1u);
+    EXPECT_EQ(findings[0].kind, DictionaryFinding::Kind::TooLong);
 }
 
 }  // namespace

@@ -10,20 +10,6 @@ namespace {
 using host::Dictionary;
 using host::OnMissing;
 
-// Statements on a file as a program other than this one would run them.
-void RunRaw(const QString& file, const QStringList& statements) {
-    {
-        QSqlDatabase raw = QSqlDatabase::addDatabase("QSQLITE", "raw");
-        raw.setDatabaseName(file);
-        ASSERT_TRUE(raw.open());
-        for (const QString& statement : statements) {
-            QSqlQuery query(raw);
-            ASSERT_TRUE(query.exec(statement)) << statement.toStdString();
-        }
-    }
-    QSqlDatabase::removeDatabase("raw");
-}
-
 struct Refusal {
     const char* name;
     std::function<void(const QString& file)> make;
@@ -72,7 +58,9 @@ INSTANTIATE_TEST_SUITE_P(All, RefusalTest, testing::ValuesIn(kRefusals),
 TEST(DatabaseUrl, IsRefusedWithTheReason) {
     const struct {
         const char *url, *reason;
-    } cases[] = {{"postgresql://me@server/terms", "not available in this build"},
+    } cases[] = {{"postgresql://me@server", "names no database"},
+                 {"postgresql://me@server:port/terms", "postgresql:..."},
+                 {"mysql://me@server/terms", "no address of a database"},
                  {"dictionary.sqlite", "use sqlite:FILE"},
                  {"sqlite:", "use sqlite:FILE"},
                  {"sqlite:/nowhere/at/all/x.sqlite", "the folder /nowhere/at/all does not exist"},

@@ -7,6 +7,15 @@ void ScriptedDocument::registarDocumento(const OdString& name, int64_t value) {
     registered[name] = value;
 }
 
+int ScriptedDocument::PickColor(WindowHandle*, int index, int* chosen) {
+    colorsAsked.push_back(index);
+    if (whilePicking) whilePicking();
+    if (colors.empty()) return kLispCancelled;
+    *chosen = colors.front();
+    colors.pop_front();
+    return kLispNormal;
+}
+
 namespace {
 
 // A project gives everything of itself.
@@ -63,7 +72,7 @@ class ScriptedServices::Parts : public CMxDocumentManager,
     void PopResourceHandle() override { script.resourceScopes.pop_back(); }
 
     OdString GetApplicationName() const override { return u"Scripted"; }
-    QWidget* GetMainWidget() override { return nullptr; }
+    QWidget* GetMainWidget() override { return script.mainWidget; }
     int32_t GetLanguageIndex() const override { return script.languageIndex; }
     OdSmartPtr<OdDbDatabase> readFile(const OdString& path, bool, bool, int,
                                       const OdString&) override {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -9,6 +10,7 @@
 
 #include "platform/drawing/DbDatabase.h"
 #include "platform/kernel/KVServices.h"
+#include "platform/kernel/MxColorPicker.h"
 #include "platform/kernel/MxLispEngine.h"
 #include "platform/kernel/MxSystemServices.h"
 
@@ -31,7 +33,10 @@ class ScriptedLisp : public CMxLispEngine {
     std::deque<std::vector<CMxValueNode>> chains;
 };
 
-class ScriptedDocument : public CMxDocument, public CMxDisplayObject, public CMxDocumentRegistry {
+class ScriptedDocument : public CMxDocument,
+                         public CMxDisplayObject,
+                         public CMxDocumentRegistry,
+                         public CMxColorPicker {
   public:
     explicit ScriptedDocument(OdDbDatabasePtr drawing = {}) : drawing(std::move(drawing)) {}
 
@@ -40,14 +45,19 @@ class ScriptedDocument : public CMxDocument, public CMxDisplayObject, public CMx
     bool hasLisp = true;
     int redraws = 0;
     std::map<OdString, int64_t> registered;
+    std::vector<int> colorsAsked;  // the numbers that the picker began with
+    std::deque<int> colors;        // to choose, the first one first; without one it is a cancel
+    std::function<void()> whilePicking;  // runs inside the picker; may be empty
 
     CMxDisplayObject* GetDisplayObject() override { return this; }
     OdDbDatabase* GetDwgDatabase() override { return drawing.get(); }
     CMxLispEngine* GetLispEngine() override { return hasLisp ? &lisp : nullptr; }
     CMxDisplayTarget* GetDisplayTarget() override { return &target; }
     CMxDocumentRegistry* GetRegistry() override { return this; }
+    CMxColorPicker* GetColorPicker() override { return this; }
     OdString GetFileName() const override { return u"scripted.dxf"; }
     void Redraw(CMxDisplayTarget* given) override { redraws += given == &target; }
+    int PickColor(WindowHandle* owner, int index, int* chosen) override;
     void registarDocumento(const OdString& name, int64_t value) override;
     void retirarDocumento(const OdString& name) override { registered.erase(name); }
 
@@ -76,7 +86,8 @@ class ScriptedServices : public CMxSystemServices, public CKVServices {
     std::vector<std::string> calls;  // of all services, in order: "AddCommand KVTRANSLATEPROJ"
     std::vector<std::string> log;
     std::vector<ShownBox> boxes;
-    std::deque<int> answers;  // to boxes, the first one first; without one the default button
+    QWidget* mainWidget = nullptr;  // not owned
+    std::deque<int> answers;        // to boxes, the first one first; without one the default button
     std::vector<std::shared_ptr<CKVCommand>> commands;
     std::vector<CMxDocumentManagerReactor*> reactors;
     std::vector<std::unique_ptr<ScriptedDocument>> documents;

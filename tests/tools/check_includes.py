@@ -17,6 +17,7 @@ ALLOWED = {
     "host": ["platform", "host/lisp"],
     "host/lisp": [],
     "translator/cad": ["platform"],
+    "translator/cad/ui": ["platform", "translator/cad"],
     "translator/messages": ["platform", "translator/cad"],
     "translator/langdb": ["platform", "translator/cad"],
     "translator/engine": ["platform", "translator/cad", "translator/langdb"],
@@ -24,9 +25,14 @@ ALLOWED = {
     "translator/dialogs": ["platform", "translator"],
     "translator/module": ["platform", "translator"],
     "apps": ["platform", "host", "translator"],
+    "apps/painter": ["platform"],
+    "apps/render": ["platform", "apps/painter"],
 }
-GUI = re.compile(r"<(QtWidgets|QtGui|QWidget|QApplication|QDialog|QPainter|QFileDialog|QMessageBox)\b")
-GUI_ALLOWED = ("platform/window/qt/", "apps/ui/", "apps/desktop/", "translator/cad/")
+WIDGETS = re.compile(r"<(QtWidgets|QWidget|QApplication|QDialog|QFileDialog|QMessageBox)\b")
+WIDGETS_ALLOWED = ("platform/window/qt/", "apps/ui/", "apps/desktop/", "apps/gallery/",
+                   "translator/cad/ui/")
+GUI = re.compile(r"<(QtGui|QPainter)\b")
+GUI_ALLOWED = (*WIDGETS_ALLOWED, "apps/painter/", "apps/render/")
 
 
 def layer_of(path):
@@ -46,8 +52,10 @@ def problems_of(relative, text):
     layer = layer_of(relative)
     for number, line in enumerate(text.splitlines(), 1):
         where = f"{relative}:{number}"
-        if GUI.search(line) and not relative.startswith(GUI_ALLOWED):
+        if WIDGETS.search(line) and not relative.startswith(WIDGETS_ALLOWED):
             yield f"{where}: a window class of Qt in a layer without windows"
+        if GUI.search(line) and not relative.startswith(GUI_ALLOWED):
+            yield f"{where}: a painting class of Qt in a layer that does not paint"
         match = re.match(r'\s*#\s*include\s+"([^"]+)"', line)
         if not match or layer is None:
             continue
@@ -71,6 +79,9 @@ def self_test():
         ("translator/engine/X.h", '#include "translator/dialogs/Linhas.h"'),
         ("platform/drawing/dxf/X.h", '#include "platform/drawing/DbText.h"'),
         ("platform/kernel/X.h", "#include <QWidget>"),
+        ("apps/painter/X.h", "#include <QWidget>"),
+        ("apps/cli/X.cpp", "#include <QPainter>"),
+        ("apps/painter/X.h", '#include "host/Host.h"'),
         ("host/X.h", '#include "Host.h"'),
     ]
     return [f"not noticed: {line} in {path}" for path, line in cases

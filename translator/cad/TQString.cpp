@@ -21,11 +21,17 @@ CString PaddedNumber(int number, int minimumWidth) {
 
 TQString::TQString(const char* narrow) : TQString(CString(narrow)) {}
 
-TQString::TQString(const QString& text) : TQString(CMxString(text).ansi_str().c_str()) {}
+// The narrow form loses nothing but what stands behind a zero character, so it need not be made.
+TQString::TQString(const QString& text)
+    : std::u16string(reinterpret_cast<const char16_t*>(text.utf16())) {}
 
 TQString::TQString(int number, int minimumWidth) : TQString(PaddedNumber(number, minimumWidth)) {}
 
-TQString::TQString(const OdDbHandle& handle) : TQString(handle.ascii()) {}
+TQString::TQString(const OdDbHandle& handle) {
+    char16_t digits[17];
+    handle.getIntoAsciiBuffer(digits);
+    assign(digits);
+}
 
 TQString& TQString::operator=(std::u16string text) {
     std::u16string::operator=(std::move(text));

@@ -20,6 +20,7 @@ class TQString : public std::u16string {
     TQString(const char* narrow);
     TQString(const CString& text) : std::u16string(text.Text()) {}
     TQString(const OdString& text) : std::u16string(text.text()) {}
+    TQString(OdString&& text) : std::u16string(std::move(text).takeText()) {}
     TQString(const QString& text);           // by the narrow form, so up to a zero character
     TQString(int number, int minimumWidth);  // zeros in front, also in front of a minus sign
     TQString(const OdDbHandle& handle);

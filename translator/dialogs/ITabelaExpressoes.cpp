@@ -43,6 +43,15 @@ std::vector<structTermo*> TermosDasLinhas(const ITabelaExpressoes::ListaExpresso
     return achados;
 }
 
+// The line of each object; how many lines there are. What it takes to find out is gone before the
+// lines are made.
+size_t NumerarTextos(const std::vector<ETraduzivel*>& objetos, std::vector<uint32_t>& linhas) {
+    IndiceTextos::Vistas textos;
+    textos.reserve(objetos.size());
+    for (const ETraduzivel* objeto : objetos) textos.push_back(*objeto->GetTexto());
+    return IndiceTextos(textos, linhas).Quantidade();
+}
+
 // The objects of each line side by side, in scan order.
 class ObjetosPorLinha {
   public:
@@ -75,15 +84,12 @@ void Limpar(structExpressao& linha) {
 }  // namespace
 
 void ITabelaExpressoes::AgruparExpressoes(const std::vector<ETraduzivel*>& objetos) {
-    IndiceTextos::Vistas textos;
-    textos.reserve(objetos.size());
-    for (const ETraduzivel* objeto : objetos) textos.push_back(*objeto->GetTexto());
     std::vector<uint32_t> linhaDoObjeto;
-    const IndiceTextos indice(textos, linhaDoObjeto);
+    const size_t quantidade = NumerarTextos(objetos, linhaDoObjeto);
     expressoes = std::make_unique<ListaExpressoes>();
-    expressoes->reserve(indice.Quantidade());
-    const ObjetosPorLinha grupos(objetos, linhaDoObjeto, indice.Quantidade());
-    for (size_t i = 0; i < indice.Quantidade(); ++i) {
+    expressoes->reserve(quantidade);
+    const ObjetosPorLinha grupos(objetos, linhaDoObjeto, quantidade);
+    for (size_t i = 0; i < quantidade; ++i) {
         const auto grupo = grupos.Da(i);
         structExpressao& linha = *expressoes->emplace_back(std::make_unique<structExpressao>());
         linha.original = *grupo.front()->GetTexto();

@@ -1,6 +1,9 @@
 // The strings that wires and virtual attributes carry in their xdata.
 #include "translator/engine/CamposXdata.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "translator/cad/TQStringList.h"
 #include "translator/engine/ETraduzivel.h"
 
@@ -25,8 +28,15 @@ std::vector<OdResBufPtr> EntradasVirtuais(const OdResBufPtr& cadeia) {
 }
 
 CamposFio LerCamposFio(const TQString& entrada) {
-    const TQStringList campos = entrada.Tokenize(SEPARADOR_CAMPOS);
-    return {campos.at(0), campos.at(1)};
+    std::u16string_view resto = entrada;
+    const auto campo = [&resto] {
+        resto.remove_prefix(std::min(resto.find_first_not_of(SEPARADOR_CAMPOS), resto.size()));
+        const std::u16string_view tomado = resto.substr(0, resto.find(SEPARADOR_CAMPOS));
+        resto.remove_prefix(tomado.size());
+        return std::u16string(tomado);
+    };
+    TQString fio = campo();
+    return {std::move(fio), campo()};
 }
 
 TQString JuntarCamposFio(const CamposFio& campos) {

@@ -1,8 +1,8 @@
 // The collectors of the scan: what is found on a page, in an object, in the virtual schema.
-#include "platform/drawing/DbBlockReference.h"
+#include "translator/engine/Coletores.h"
+
 #include "platform/drawing/DbDictionary.h"
 #include "platform/drawing/DbMText.h"
-#include "platform/drawing/DbPolyline.h"
 #include "platform/kernel/KVServices.h"
 #include "platform/kernel/MxSystemServices.h"
 #include "translator/cad/DrawingHelpers.h"
@@ -17,7 +17,10 @@ namespace {
 
 constexpr char16_t ESQUEMA_VIRTUAL[] = u"ESQ_VIRTUAL_TQ";
 
-TQString Aparado(OdString texto) { return texto.trimLeft().trimRight(); }
+TQString Aparado(OdString texto) {
+    texto.trimLeft().trimRight();
+    return texto;
+}
 
 TQString ChaveDe(const OdDbObject& objeto) { return objeto.objectId().getHandle(); }
 
@@ -59,43 +62,54 @@ std::vector<OdDbObjectId> ITradCad::BuscarObjetosLayer(const TQString& camada) {
 
 // The only guarded operation of the scan. That it raises for whatever is no block reference is
 // meant.
-ListaTraduziveis ITradCad::BuscarAtributos(OdDbObjectId id) {
-    return GuardedOdError(u"traducaoTQ::ITradCad::BuscarAtributos", [&]() -> ListaTraduziveis {
-        if (id.isNull()) return nullptr;
-        ListaTraduziveis lista = NovaLista();
+void ColherAtributos(ListaTraduziveis& lista, OdDbObjectId id) {
+    GuardedOdError(u"traducaoTQ::ITradCad::BuscarAtributos", [&] {
         const OdDbBlockReferencePtr bloco = SafeOpen(id);
-        if (bloco.isNull()) return lista;
+        if (bloco.isNull()) return;
         for (OdDbObjectIteratorPtr percurso = bloco->attributeIterator(); !percurso->done();
              percurso->step()) {
             const OdDbAttributePtr atributo = percurso->entity(OdDb::kForRead);
             Acrescentar<EAtributoTrad>(lista, Aparado(atributo->textString()), ChaveDe(*atributo));
         }
-        return lista;
     });
+}
+
+ListaTraduziveis ITradCad::BuscarAtributos(OdDbObjectId id) {
+    if (id.isNull()) return nullptr;
+    ListaTraduziveis lista = NovaLista();
+    ColherAtributos(lista, id);
+    return lista;
+}
+
+void ColherTexto(ListaTraduziveis& lista, const OdDbObject& objeto) {
+    if (const OdDbTextPtr texto = OdDbText::cast(&objeto); !texto.isNull()) {
+        Acrescentar<ETextoTrad>(lista, Aparado(texto->textString()), ChaveDe(*texto));
+    } else if (const OdDbMTextPtr mtexto = OdDbMText::cast(&objeto); !mtexto.isNull()) {
+        Acrescentar<ETextoTrad>(lista, Aparado(mtexto->contents()), ChaveDe(*mtexto));
+    }
 }
 
 ListaTraduziveis ITradCad::BuscarTextos(OdDbObjectId id) {
     if (id.isNull()) return nullptr;
     ListaTraduziveis lista = NovaLista();
     const OdDbObjectPtr objeto = SafeOpen(id);
-    if (const OdDbTextPtr texto = OdDbText::cast(objeto); !texto.isNull()) {
-        Acrescentar<ETextoTrad>(lista, Aparado(texto->textString()), ChaveDe(*texto));
-    } else if (const OdDbMTextPtr mtexto = OdDbMText::cast(objeto); !mtexto.isNull()) {
-        Acrescentar<ETextoTrad>(lista, Aparado(mtexto->contents()), ChaveDe(*mtexto));
-    }
+    if (!objeto.isNull()) ColherTexto(lista, *objeto);
     return lista;
 }
 
-ListaTraduziveis ITradCad::BuscarBlocoTextos(OdDbObjectId id) {
-    ListaTraduziveis lista = NovaLista();
-    const OdDbBlockReferencePtr referencia = OdDbBlockReference::cast(SafeOpen(id));
-    if (referencia.isNull()) return lista;
-    const OdDbObjectId blocoId = referencia->blockTableRecord();
+void ColherBlocoTextos(ListaTraduziveis& lista, const OdDbBlockReference& referencia) {
+    const OdDbObjectId blocoId = referencia.blockTableRecord();
     const auto bloco = OdDbBlockTableRecord::cast(SafeOpen(blocoId));
     PercorrerTextos(bloco, OdDb::kForRead, [&](const OdDbTextPtr& texto) {
         Acrescentar<EBlocoTextoTrad>(lista, Aparado(texto->textString()), ChaveDe(*texto), blocoId);
         return true;
     });
+}
+
+ListaTraduziveis ITradCad::BuscarBlocoTextos(OdDbObjectId id) {
+    ListaTraduziveis lista = NovaLista();
+    const OdDbBlockReferencePtr referencia = OdDbBlockReference::cast(SafeOpen(id));
+    if (!referencia.isNull()) ColherBlocoTextos(lista, *referencia);
     return lista;
 }
 
@@ -125,18 +139,17 @@ ListaTraduziveis ITradCad::BuscarFios(const TQString& camada) {
     ListaTraduziveis lista = NovaLista();
     for (const OdDbObjectId& id : BuscarObjetosLayer(camada)) {
         const OdDbPolylinePtr polilinha = OdDbPolyline::cast(SafeOpen(id));
-        if (!polilinha.isNull()) JuntarA(lista, BuscarFiosPolilinha(*polilinha));
+        if (!polilinha.isNull()) ColherFios(lista, *polilinha);
     }
     return lista;
 }
 
-ListaTraduziveis ITradCad::BuscarFiosPolilinha(const OdDbPolyline& polilinha) {
-    ListaTraduziveis lista = NovaLista();
+void ColherFios(ListaTraduziveis& lista, const OdDbPolyline& polilinha) {
     for (const OdResBufPtr& entrada : EntradasFio(polilinha.xData(VRN_TQ_WIRE))) {
         CamposFio campos = LerCamposFio(Aparado(entrada->getString()));
-        Acrescentar<EFioXdataTrad>(lista, campos.texto, campos.fio, ChaveDe(polilinha));
+        Acrescentar<EFioXdataTrad>(lista, std::move(campos.texto), std::move(campos.fio),
+                                   ChaveDe(polilinha));
     }
-    return lista;
 }
 
 ListaTraduziveis ITradCad::BuscarAtributosVirtuais() {

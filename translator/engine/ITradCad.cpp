@@ -4,13 +4,10 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/drawing/DbBlockReference.h"
-#include "platform/drawing/DbMText.h"
-#include "platform/drawing/DbPolyline.h"
-#include "platform/drawing/DbText.h"
 #include "platform/kernel/MxSystemServices.h"
 #include "translator/cad/CICad.h"
 #include "translator/cad/DrawingHelpers.h"
+#include "translator/engine/Coletores.h"
 
 namespace traducaoTQ {
 
@@ -57,10 +54,6 @@ TQStringList SoPaginas(const TQStringList& nomes, bool incluirCamada0) {
     return paginas;
 }
 
-bool EhTexto(const OdDbObject& objeto) {
-    return objeto.isKindOf(OdDbText::desc()) || objeto.isKindOf(OdDbMText::desc());
-}
-
 bool TemTexto(const ETraduzivel* traduzivel) {
     const TQString* texto = traduzivel->GetTexto();
     return texto && !texto->empty() && *texto != u" ";
@@ -100,13 +93,13 @@ ListaTraduziveis ITradCad::BuscarTraduziveisMistos(const Pedido& pedido) {
     for (const OdDbObjectId& id : BuscarObjetosPaginas(SoPaginas(nomes, pedido.incluirCamada0))) {
         const OdDbObjectPtr objeto = SafeOpen(id);
         if (objeto.isNull()) continue;
-        if (objeto->isKindOf(OdDbBlockReference::desc())) {
-            if (pedido.atributos) JuntarA(lista, BuscarAtributos(id));
-            if (pedido.textos) JuntarA(lista, BuscarBlocoTextos(id));
+        if (const auto bloco = OdDbBlockReference::cast(objeto); !bloco.isNull()) {
+            if (pedido.atributos) ColherAtributos(lista, id);
+            if (pedido.textos) ColherBlocoTextos(lista, *bloco);
         } else if (const auto polilinha = OdDbPolyline::cast(objeto); !polilinha.isNull()) {
-            if (pedido.atributos) JuntarA(fios, BuscarFiosPolilinha(*polilinha));
-        } else if (pedido.textos && EhTexto(*objeto)) {
-            JuntarA(lista, BuscarTextos(id));
+            if (pedido.atributos) ColherFios(fios, *polilinha);
+        } else if (pedido.textos) {
+            ColherTexto(lista, *objeto);
         }
     }
     JuntarA(lista, std::move(fios));

@@ -9,8 +9,6 @@
 #include "translator/cad/TQStringList.h"
 #include "translator/engine/ListaTraduziveis.h"
 
-class OdDbPolyline;
-
 namespace traducaoTQ {
 
 // A page is a layer of the model space. The layers "0" and "tq_freeze" are never pages.
@@ -45,7 +43,6 @@ class ITradCad {
     ListaTraduziveis BuscarBlocoTextos(OdDbObjectId id);
     ListaTraduziveis BuscarFiosPaginas(const TQStringList& paginas);
     ListaTraduziveis BuscarFios(const TQString& camada);
-    ListaTraduziveis BuscarFiosPolilinha(const OdDbPolyline& polilinha);
     ListaTraduziveis BuscarAtributosVirtuais();
 };
 

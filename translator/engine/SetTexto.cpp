@@ -25,13 +25,13 @@ OdDbObjectId IdDaChave(const TQString& chave) {
 
 void EAtributoTrad::SetTexto(TQString novo) {
     OdDbAttributePtr atributo = SafeOpen(IdDaChave(chave), OdDb::kForWrite);
-    if (!atributo.isNull()) atributo->setTextString(novo);
+    if (!atributo.isNull()) atributo->setTextString(OdString(std::move(novo)));
 }
 
 void ETextoTrad::SetTexto(TQString novo) {
     const OdDbObjectPtr objeto = SafeOpen(IdDaChave(chave), OdDb::kForWrite);
     if (OdDbTextPtr texto = OdDbText::cast(objeto); !texto.isNull()) {
-        texto->setTextString(novo);
+        texto->setTextString(OdString(std::move(novo)));
     } else if (OdDbMTextPtr mtexto = OdDbMText::cast(objeto); !mtexto.isNull()) {
         mtexto->setContents(novo);
     }

@@ -50,7 +50,9 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
         if (EstaEmUso(idioma)) traducoes->languages.push_back(idioma.descr);
     }
     traducoes->terms.reserve(linhas.size());
-    for (const auto& linha : linhas) {
+    // Row by row: the terms take the memory that the rows give up.
+    for (; !linhas.empty(); linhas.pop_front()) {
+        const auto& linha = linhas.front();
         structTermo& termo = traducoes->terms.emplace_back();
         termo.key = linha[0].toInt();
         termo.translations.reserve(linha.size() - 1);

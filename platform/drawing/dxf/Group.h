@@ -68,6 +68,9 @@ class GroupReader {
     bool broken = false;
 };
 
+// Throws Error for a value that would end its line, or its string, too early.
+void RefuseLineEnds(int code, std::string_view value, Format format);
+
 // Builds groups as bytes of the file's format. Strings are given encoded (TextCodec::Encode).
 class GroupWriter {
   public:

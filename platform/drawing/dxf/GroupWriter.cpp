@@ -54,6 +54,8 @@ std::string HexText(std::string_view binary) {
     return hex;
 }
 
+}  // namespace
+
 void RefuseLineEnds(int code, std::string_view value, Format format) {
     const bool bad = format == Format::Ascii ? value.find_first_of("\r\n") != value.npos
                                              : value.find('\0') != value.npos;
@@ -61,8 +63,6 @@ void RefuseLineEnds(int code, std::string_view value, Format format) {
         throw Error("the value of a group " + std::to_string(code) +
                     " holds a raw line end or zero byte; encode it first");
 }
-
-}  // namespace
 
 GroupWriter::GroupWriter(Format format, bool wideCodes, std::string_view lineEnd)
     : format(format), wideCodes(wideCodes), lineEnd(lineEnd) {}

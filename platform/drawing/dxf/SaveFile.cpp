@@ -11,7 +11,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <future>
 #include <memory>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "platform/drawing/dxf/Group.h"
@@ -51,6 +54,7 @@ class Removal {
     }
     Removal(const Removal&) = delete;
     Removal& operator=(const Removal&) = delete;
+    void Of(const std::string& named) { path = named; }
     void Keep() { path.clear(); }
 
   private:
@@ -76,7 +80,7 @@ int WriteAll(int file, std::vector<iovec>& vectors) {
     return 0;
 }
 
-std::vector<iovec> VectorsOf(const std::vector<std::string_view>& pieces) {
+std::vector<iovec> VectorsOf(std::span<const std::string_view> pieces) {
     std::vector<iovec> vectors;
     vectors.reserve(pieces.size());
     for (const std::string_view piece : pieces)
@@ -91,7 +95,8 @@ int WriteGathered(int file, const std::vector<std::string_view>& pieces) {
     std::string gathered;
     gathered.reserve(kGather);
     const auto flush = [&] {
-        std::vector<iovec> one = VectorsOf({gathered});
+        const std::string_view whole = gathered;
+        std::vector<iovec> one = VectorsOf({&whole, 1});
         const int error = WriteAll(file, one);
         gathered.clear();
         return error;
@@ -113,8 +118,13 @@ int WritePieces(int file, const std::vector<std::string_view>& pieces) {
     size_t size = 0;
     for (const std::string_view piece : pieces) size += piece.size();
     if (size < kSmallFile) return WriteGathered(file, pieces);
-    std::vector<iovec> vectors = VectorsOf(pieces);
-    return WriteAll(file, vectors);
+    constexpr size_t kPiecesAtOnce = 64 * 1024;
+    for (size_t from = 0; from < pieces.size(); from += kPiecesAtOnce) {
+        std::vector<iovec> vectors = VectorsOf(
+            std::span(pieces).subspan(from, std::min(kPiecesAtOnce, pieces.size() - from)));
+        if (const int error = WriteAll(file, vectors)) return error;
+    }
+    return 0;
 }
 
 // The file that a path means: what a link points at, else the path itself.
@@ -130,21 +140,57 @@ std::string FolderOf(const std::string& path) {
 }
 
 struct Temporary {
-    std::string path;
+    std::string path;  // to read it back by
     int file;
+    bool named = true;
 };
 
-// A new file of a name that nobody has; the mask of the process rules its permissions.
-Temporary CreateTemporary(const std::string& target) {
+// A file without a name, so that a program that is killed leaves nothing behind. Some file systems
+// have none.
+std::optional<Temporary> CreateUnnamed(const std::string& target) {
+    const int file = ::open(FolderOf(target).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
+    if (file < 0) return std::nullopt;
+    Temporary temporary{"/proc/self/fd/" + std::to_string(file), file, false};
+    if (::access(temporary.path.c_str(), F_OK) == 0) return temporary;
+    ::close(file);
+    return std::nullopt;
+}
+
+// Calls make with names that are free next to the target until one is taken. Throws Error.
+template <class Make>
+std::string TakeName(const std::string& target, Make make) {
     for (unsigned number = 0;; ++number) {
         const std::string path =
             target + "." + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
-        const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (file >= 0) return {path, file};
+        if (make(path.c_str())) return path;
         if (errno == EEXIST && number < 1000) continue;
         const int error = errno;
         Fail(target, "no file can be written in the folder " + FolderOf(target), error);
     }
+}
+
+// A new file of a name that nobody has; the mask of the process rules its permissions.
+Temporary CreateNamed(const std::string& target) {
+    int file = -1;
+    const std::string path = TakeName(target, [&](const char* name) {
+        file = ::open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        return file >= 0;
+    });
+    return {path, file};
+}
+
+Temporary CreateTemporary(const std::string& target) {
+    const std::optional<Temporary> unnamed = CreateUnnamed(target);
+    return unnamed ? *unnamed : CreateNamed(target);
+}
+
+// A rename needs a name, for the moment between.
+void GiveName(Temporary& temporary, const std::string& target) {
+    const std::string unnamed = temporary.path;
+    temporary.path = TakeName(target, [&](const char* name) {
+        return ::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
+    });
+    temporary.named = true;
 }
 
 void TakePermissions(int file, const std::string& target) {
@@ -165,12 +211,16 @@ void SyncFolder(const std::string& target) {
     if (folder.Number() >= 0) ::fsync(folder.Number());
 }
 
-void WriteAndSync(Descriptor& file, const std::string& target,
-                  const std::vector<std::string_view>& pieces) {
+// The disk takes the file while it is verified.
+void WriteAndVerify(Descriptor& file, const Temporary& temporary, const std::string& target,
+                    const std::vector<std::string_view>& pieces, const VerifyTemporary& verify) {
     if (const int error = WritePieces(file.Number(), pieces))
-        Fail(target, "the drawing cannot be written", error);
-    if (::fsync(file.Number()) != 0) Fail(target, "the drawing cannot be written", errno);
-    if (file.Close() != 0) Fail(target, "the drawing cannot be written", errno);
+        Fail(target, "the file cannot be written", error);
+    auto synced =
+        std::async(std::launch::async, [&file] { return ::fsync(file.Number()) == 0 ? 0 : errno; });
+    if (verify) verify(temporary.path);
+    if (const int error = synced.get()) Fail(target, "the file cannot be written", error);
+    if (temporary.named && file.Close() != 0) Fail(target, "the file cannot be written", errno);
 }
 
 }  // namespace
@@ -189,12 +239,15 @@ bool IdentifyFile(const std::string& path, FileIdentity& identity) {
 void ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces,
                  const VerifyTemporary& verify) {
     const std::string target = Resolved(path);
-    const Temporary temporary = CreateTemporary(target);
+    Temporary temporary = CreateTemporary(target);
     Descriptor file(temporary.file);
-    Removal removal(temporary.path);
+    Removal removal(temporary.named ? temporary.path : "");
     TakePermissions(file.Number(), target);
-    WriteAndSync(file, target, pieces);
-    if (verify) verify(temporary.path);
+    WriteAndVerify(file, temporary, target, pieces, verify);
+    if (!temporary.named) {
+        GiveName(temporary, target);
+        removal.Of(temporary.path);
+    }
     if (::rename(temporary.path.c_str(), target.c_str()) != 0)
         Fail(target, "the new file cannot take the place of the old one", errno);
     removal.Keep();
@@ -207,7 +260,7 @@ void WriteToStandardOutput(const std::vector<std::string_view>& pieces,
         const Temporary temporary = CreateTemporary(
             (std::filesystem::temp_directory_path() / "standard-output.dxf").string());
         Descriptor file(temporary.file);
-        const Removal removal(temporary.path);
+        const Removal removal(temporary.named ? temporary.path : "");
         if (const int error = WritePieces(file.Number(), pieces))
             Fail(temporary.path, "the drawing cannot be written", error);
         verify(temporary.path);

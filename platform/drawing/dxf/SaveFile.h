@@ -22,9 +22,10 @@ bool IdentifyFile(const std::string& path, FileIdentity& identity);
 using VerifyTemporary = std::function<void(const std::string& temporaryPath)>;
 
 // Writes the pieces one behind the other to a temporary file in the target's folder, syncs it,
-// calls verify, renames it and syncs the folder. The permissions are those of the file that is
-// replaced; a symbolic link stays and what it points at is replaced. On any failure the target is
-// as it was and the temporary file is gone; throws Error.
+// calls verify, renames it and syncs the folder. Where the file system allows it the temporary
+// file has no name until it is renamed, so that a program that is killed leaves none behind. The
+// permissions are those of the file that is replaced; a symbolic link stays and what it points at
+// is replaced. On any failure the target is as it was and the temporary file is gone; throws Error.
 void ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces,
                  const VerifyTemporary& verify);
 

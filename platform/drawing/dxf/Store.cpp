@@ -81,8 +81,12 @@ std::string_view Store::Bytes(RecordIndex index) const { return impl->BytesOf(in
 
 std::string_view Store::Impl::BytesOf(RecordIndex number) const {
     const Record& record = index.records[number];
-    if (record.flags & (kOverlaid | kInserted)) return *edits.at(number).bytes;
-    return FileBytes(number);
+    if (!(record.flags & (kOverlaid | kInserted))) return FileBytes(number);
+    const Edit& edit = *edits.Find(number);
+    if (edit.overlay.IsWhole()) return edit.overlay.Inserted();
+    if (!edit.patched)
+        edit.patched = std::make_unique<const std::string>(Applied(number, edit.overlay));
+    return *edit.patched;
 }
 
 GroupReader Store::Groups(RecordIndex index, uint32_t from) const {

@@ -16,15 +16,16 @@
 
 #include "platform/drawing/dxf/Finding.h"
 #include "platform/drawing/dxf/Group.h"
+#include "platform/drawing/dxf/Overlay.h"
 #include "platform/drawing/dxf/Record.h"
 #include "platform/drawing/dxf/TextCodec.h"
 
 namespace dxf {
 
-// The state of one record before a change, as Undo keeps it. Empty bytes pointer: as in the file.
+// The state of one record before a change, as Undo keeps it.
 struct RecordState {
     RecordIndex index;
-    std::shared_ptr<const std::string> bytes;
+    Overlay overlay;
     bool erased;
     bool absent;  // the record did not exist yet
 };
@@ -77,7 +78,9 @@ class Store {
 
     // Edits. Each throws dxf::Error when ReadOnly(), and for bytes that are not one whole record.
     // A last line without its end gets one. The present bytes given again are no change.
-    void Replace(RecordIndex index, std::string bytes);  // whole record, 0-group included
+    void Replace(RecordIndex index, std::string_view bytes);  // whole record, 0-group included
+    // Gives a group that was read from the record another raw value; its views are gone then.
+    void ReplaceValue(RecordIndex index, const Group& group, std::string_view value);
     RecordIndex InsertAfter(RecordIndex where, std::string bytes);
     void SetErased(RecordIndex index, bool erased);  // an erased record is left out at save
     GroupWriter NewWriter(

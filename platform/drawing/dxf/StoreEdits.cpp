@@ -92,43 +92,87 @@ void Store::Impl::TakeDescription(RecordIndex number, const Record& description)
     handles.Insert(number);
 }
 
-std::string_view Store::Impl::ViewOf(RecordIndex number, const SharedBytes& bytes) const {
-    return bytes ? std::string_view(*bytes) : FileBytes(number);
+// The record's bytes with the overlay on them.
+std::string Store::Impl::Applied(RecordIndex number, const Overlay& overlay) const {
+    if (overlay.IsWhole()) return std::string(overlay.Inserted());
+    std::string bytes(FileBytes(number));
+    return bytes.replace(overlay.At(), overlay.Removed(), overlay.Inserted());
 }
 
-void Store::Impl::SetBytes(RecordIndex number, SharedBytes bytes) {
+void Store::Impl::SetOverlay(RecordIndex number, Overlay overlay) {
     Record& record = index.records[number];
-    if (!(record.flags & kInserted) && bytes && *bytes == FileBytes(number)) bytes = nullptr;
-    const Record description = Describe(ViewOf(number, bytes), record.section);
-    if (bytes && !(record.flags & kInserted)) record.flags |= kOverlaid;
-    if (!bytes) record.flags &= ~kOverlaid;
-    edits[number].bytes = std::move(bytes);
+    const bool inserted = record.flags & kInserted;
+    if (overlay && !overlay.IsWhole()) overlay = Overlay(Applied(number, overlay));
+    if (!inserted && overlay && overlay.Inserted() == FileBytes(number)) overlay = Overlay();
+    const Record description =
+        Describe(overlay ? overlay.Inserted() : FileBytes(number), record.section);
+    if (overlay && !inserted) record.flags |= kOverlaid;
+    if (!overlay) record.flags &= ~kOverlaid;
+    Edit& edit = edits.Of(number);
+    edit.patched.reset();
+    edit.overlay = std::move(overlay);
     TakeDescription(number, description);
+}
+
+// Whether another value changes nothing of the index but places and lengths, and the record is as
+// in the file.
+bool Store::Impl::IsEasyToPatch(RecordIndex number, const Group& group) const {
+    const Action action = ActionOfCode(group.code);
+    return !(index.records[number].flags & (kOverlaid | kInserted)) && group.IsString() &&
+           (action == Action::None || action == Action::Text) &&
+           MissingLineEnd(FileBytes(number), number).empty();
+}
+
+void Store::Impl::Patch(RecordIndex number, const Group& group, std::string_view value) {
+    RefuseLineEnds(group.code, value, index.format);
+    Record& record = index.records[number];
+    const auto at = uint32_t(group.value.data() - FileBytes(number).data());
+    const auto removed = uint32_t(group.value.size());
+    const uint32_t longer = uint32_t(value.size()) - removed;  // wraps where it gets shorter
+    edits.Of(number).overlay = Overlay(at, removed, value);
+    record.flags |= kOverlaid;
+    record.length += longer;
+    for (uint32_t* hint : {&record.text, &record.xdata})
+        if (*hint > at) *hint += longer;
 }
 
 void Store::Impl::SetErasedFlag(RecordIndex number, bool erased) {
     Record& record = index.records[number];
     record.flags = uint8_t(erased ? record.flags | kErased : record.flags & ~kErased);
-    edits[number];
+    edits.Of(number);
 }
 
 RecordState Store::Impl::StateOf(RecordIndex number) const {
-    const auto edit = edits.find(number);
-    return {number, edit == edits.end() ? nullptr : edit->second.bytes,
-            (index.records[number].flags & kErased) != 0, false};
+    const Edit* edit = edits.Find(number);
+    return {number, edit ? edit->overlay : Overlay(), (index.records[number].flags & kErased) != 0,
+            false};
 }
 
 void Store::Impl::Remember(const RecordState& state) {
     if (recording && recordedIndexes.insert(state.index).second) recorded.push_back(state);
 }
 
-void Store::Replace(RecordIndex index, std::string bytes) {
+void Store::Replace(RecordIndex index, std::string_view bytes) {
     impl->RequireEditable();
     if (bytes == Bytes(index)) return;
-    impl->EndLastLine(bytes, index);
     const RecordState before = impl->StateOf(index);
-    impl->SetBytes(index, std::make_shared<const std::string>(std::move(bytes)));
+    const std::string_view missing = impl->MissingLineEnd(bytes, index);
+    impl->SetOverlay(
+        index, missing.empty() ? Overlay(bytes) : Overlay(std::string(bytes).append(missing)));
     impl->Remember(before);
+}
+
+void Store::ReplaceValue(RecordIndex index, const Group& group, std::string_view value) {
+    impl->RequireEditable();
+    if (value == group.value) return;
+    if (impl->IsEasyToPatch(index, group)) {
+        const RecordState before = impl->StateOf(index);
+        impl->Patch(index, group, value);
+        return impl->Remember(before);
+    }
+    const std::string_view old = Bytes(index);
+    const auto at = size_t(group.value.data() - old.data());
+    Replace(index, std::string(old).replace(at, group.value.size(), value));
 }
 
 RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
@@ -139,12 +183,12 @@ RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
     Record& record = impl->index.records.Append();
     const RecordIndex inserted = Count() - 1;
     record.flags = kInserted;
-    Edit& edit = impl->edits[inserted];
-    edit.bytes = std::make_shared<const std::string>(std::move(bytes));
+    Edit& edit = impl->edits.Of(inserted);
+    edit.overlay = Overlay(bytes);
     edit.savedErased = true;
     impl->Link(inserted, where);
     impl->TakeDescription(inserted, description);
-    impl->Remember({inserted, nullptr, true, true});
+    impl->Remember({inserted, Overlay(), true, true});
     return inserted;
 }
 
@@ -225,7 +269,8 @@ std::vector<RecordState> Store::Restore(const std::vector<RecordState>& states) 
         const RecordState before = impl->StateOf(state.index);
         replaced.push_back(before);
         // A record that did not exist yet keeps its bytes, for its index may be asked for still.
-        if (!state.absent && before.bytes != state.bytes) impl->SetBytes(state.index, state.bytes);
+        if (!state.absent && !before.overlay.SharesWith(state.overlay))
+            impl->SetOverlay(state.index, state.overlay);
         impl->SetErasedFlag(state.index, state.absent || state.erased);
         impl->Remember(before);
     }

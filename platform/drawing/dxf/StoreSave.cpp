@@ -8,10 +8,11 @@ namespace dxf {
 
 Flattened::Flattened(const Store::Impl& store) : store(store) {
     if (const uint64_t seed = store.NeededSeed()) header = store.HeaderWithSeed(seed);
-    for (const RecordIndex number : store.TouchedRecords()) {
+    const std::vector<RecordIndex> touched = store.TouchedRecords();
+    pieces.reserve(2 * touched.size() + 1);
+    for (const RecordIndex number : touched) {
         AddFileUpTo(store.index.records[number].offset);
-        AddRecord(number);
-        copied = store.FileEnd(number);
+        AddFileRecord(number);
         AddChain(number);
     }
     AddFileUpTo(store.file.Size());
@@ -22,15 +23,24 @@ void Flattened::AddFileUpTo(uint64_t offset) {
     copied = offset;
 }
 
-void Flattened::AddRecord(RecordIndex number) {
-    if (store.index.records[number].flags & kErased) return;
-    const bool isHeader = number == store.index.header.record;
-    pieces.push_back(isHeader && !header.empty() ? std::string_view(header)
-                                                 : store.BytesOf(number));
+// What of the record stays as in the file is left to be copied with what comes next.
+void Flattened::AddFileRecord(RecordIndex number) {
+    const Record& record = store.index.records[number];
+    const bool newHeader = number == store.index.header.record && !header.empty();
+    if ((record.flags & kErased) || newHeader) {
+        if (!(record.flags & kErased)) pieces.push_back(header);
+        copied = store.FileEnd(number);
+    } else if (record.flags & kOverlaid) {
+        const Overlay& overlay = store.edits.Find(number)->overlay;
+        AddFileUpTo(record.offset + overlay.At());
+        pieces.push_back(overlay.Inserted());
+        copied = overlay.IsWhole() ? store.FileEnd(number) : copied + overlay.Removed();
+    }
 }
 
 void Flattened::AddChain(RecordIndex anchor) {
     if (!(store.index.records[anchor].flags & kFollowed)) return;
+    AddFileUpTo(store.FileEnd(anchor));
     const Chain& chain = store.chains.at(anchor);
     for (RecordIndex number = chain.first;; number = store.links[number - store.fileCount].next) {
         // The file's last line may lack its end.
@@ -39,21 +49,22 @@ void Flattened::AddChain(RecordIndex anchor) {
             const std::string_view missing = store.MissingLineEnd(pieces.back(), anchor);
             if (!missing.empty()) pieces.push_back(missing);
         }
-        AddRecord(number);
+        if (stands) pieces.push_back(store.BytesOf(number));
         if (number == chain.last) return;
     }
 }
 
 std::vector<RecordIndex> Store::Impl::TouchedRecords() const {
     std::vector<RecordIndex> touched;
-    touched.reserve(edits.size() + chains.size() + 1);
-    for (const auto& [number, edit] : edits) {
-        const bool differs = edit.bytes || (index.records[number].flags & kErased);
+    edits.ForEach([&](RecordIndex number, const Edit& edit) {
+        const bool differs = edit.overlay || (index.records[number].flags & kErased);
         if (number < fileCount && differs) touched.push_back(number);
-    }
+    });
+    const size_t edited = touched.size();
     for (const auto& [number, chain] : chains) touched.push_back(number);
     if (index.header.record != kNoRecord && NeededSeed() != 0)
         touched.push_back(index.header.record);
+    if (touched.size() == edited) return touched;
     std::sort(touched.begin(), touched.end());
     touched.erase(std::unique(touched.begin(), touched.end()), touched.end());
     return touched;
@@ -63,12 +74,12 @@ std::vector<RecordIndex> Store::Impl::TouchedRecords() const {
 uint64_t Store::Impl::NeededSeed() const {
     if (nextHandle == firstNewHandle || index.header.record == kNoRecord) return 0;
     uint64_t needed = 0;
-    for (const auto& [number, edit] : edits) {
+    edits.ForEach([&](RecordIndex number, const Edit&) {
         const Record& record = index.records[number];
-        if (record.flags & (kErased | kMemoryHandle)) continue;
+        if (record.flags & (kErased | kMemoryHandle)) return;
         if (record.handle >= firstNewHandle && record.handle < nextHandle)
             needed = std::max(needed, record.handle + 1);
-    }
+    });
     if (needed == 0) return 0;
     const HeaderVariables header = ReadHeaderVariables(Groups(BytesOf(index.header.record)));
     return header.handSeed < needed ? needed : 0;
@@ -86,20 +97,23 @@ std::string Store::Impl::HeaderWithSeed(uint64_t seed) const {
 }
 
 bool Store::Modified() const {
-    for (const auto& [number, edit] : impl->edits) {
+    bool modified = false;
+    impl->edits.ForEach([&](RecordIndex number, const Edit& edit) {
         const bool erased = At(number).flags & kErased;
-        if (erased != edit.savedErased) return true;
-        if (erased || edit.bytes == edit.savedBytes) continue;
-        if (impl->ViewOf(number, edit.bytes) != impl->ViewOf(number, edit.savedBytes)) return true;
-    }
-    return false;
+        const bool same = erased || edit.overlay.SharesWith(edit.savedOverlay);
+        modified = modified || erased != edit.savedErased ||
+                   (!same && impl->Applied(number, edit.overlay) !=
+                                 impl->Applied(number, edit.savedOverlay));
+    });
+    return modified;
 }
 
 void Store::MarkSaved() {
-    for (auto& [number, edit] : impl->edits) {
-        edit.savedBytes = edit.bytes;
+    impl->edits.ForEach([&](RecordIndex number, const Edit&) {
+        Edit& edit = impl->edits.Of(number);
+        edit.savedOverlay = edit.overlay;
         edit.savedErased = At(number).flags & kErased;
-    }
+    });
 }
 
 std::string Store::ToBytes() const {

@@ -5,21 +5,13 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "platform/drawing/dxf/EditTable.h"
 #include "platform/drawing/dxf/FileIndex.h"
 #include "platform/drawing/dxf/FileInput.h"
 #include "platform/drawing/dxf/HandleIndex.h"
 #include "platform/drawing/dxf/Store.h"
 
 namespace dxf {
-
-using SharedBytes = std::shared_ptr<const std::string>;
-
-// What differs from the file in one record. Null bytes: those of the file.
-struct Edit {
-    SharedBytes bytes;
-    SharedBytes savedBytes;  // as of the last save
-    bool savedErased = false;
-};
 
 // Neighbours of an inserted record.
 struct Links {
@@ -44,7 +36,7 @@ struct Store::Impl {
     RecordIndex fileCount = 0;
     uint64_t firstNewHandle = 1, nextHandle = 1;
 
-    std::unordered_map<RecordIndex, Edit> edits;
+    EditTable edits;
     std::vector<Links> links;  // of the inserted records, in order of insertion
     std::unordered_map<RecordIndex, Chain> chains;
     std::unordered_map<RecordIndex, uint64_t> memoryHandles;
@@ -65,7 +57,7 @@ struct Store::Impl {
         return file.View().substr(begin, FileEnd(number) - begin);
     }
     std::string_view BytesOf(RecordIndex number) const;
-    std::string_view ViewOf(RecordIndex number, const SharedBytes& bytes) const;
+    std::string Applied(RecordIndex number, const Overlay& overlay) const;
     GroupReader Groups(std::string_view bytes, uint64_t from = 0) const {
         return {index.format, index.wideCodes, bytes, from, index.lineEnd};
     }
@@ -78,7 +70,9 @@ struct Store::Impl {
     Record Describe(std::string_view bytes, Section section);
     void TakeDescription(RecordIndex number, const Record& description);
     void Link(RecordIndex inserted, RecordIndex where);
-    void SetBytes(RecordIndex number, SharedBytes bytes);
+    bool IsEasyToPatch(RecordIndex number, const Group& group) const;
+    void Patch(RecordIndex number, const Group& group, std::string_view value);
+    void SetOverlay(RecordIndex number, Overlay overlay);
     void SetErasedFlag(RecordIndex number, bool erased);
     RecordState StateOf(RecordIndex number) const;
     void Remember(const RecordState& state);
@@ -98,7 +92,7 @@ class Flattened {
 
   private:
     void AddFileUpTo(uint64_t offset);
-    void AddRecord(RecordIndex number);
+    void AddFileRecord(RecordIndex number);
     void AddChain(RecordIndex anchor);
 
     const Store::Impl& store;

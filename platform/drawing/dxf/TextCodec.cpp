@@ -90,7 +90,8 @@ void AppendUnicode(char16_t unit, std::string& out) {
     for (int shift = 12; shift >= 0; shift -= 4) out += kDigits[(unit >> shift) & 15];
 }
 
-bool IsPlain(unsigned char c) { return c >= 0x20 && c < 0x7F && c != '\\' && c != '^'; }
+bool IsPlain(char16_t c) { return c >= 0x20 && c < 0x7F && c != u'\\' && c != u'^'; }
+bool IsPlainByte(char c) { return IsPlain(static_cast<unsigned char>(c)); }
 
 // The units of the text's first character: a pair of surrogates or one unit.
 std::u16string_view FirstCharacter(std::u16string_view text) {
@@ -116,7 +117,7 @@ TextCodec::TextCodec(Version version, std::string_view codePageName)
 bool TextCodec::Utf8() const { return utf8; }
 
 std::u16string TextCodec::Decode(std::string_view raw) const {
-    if (std::all_of(raw.begin(), raw.end(), IsPlain)) return {raw.begin(), raw.end()};
+    if (std::all_of(raw.begin(), raw.end(), IsPlainByte)) return {raw.begin(), raw.end()};
     // The page comes first: in double-byte pages the second byte of a character can be that of a
     // backslash or a caret.
     const std::u16string decoded = page.Decode(raw);
@@ -128,6 +129,7 @@ std::u16string TextCodec::Decode(std::string_view raw) const {
 }
 
 std::string TextCodec::Encode(std::u16string_view text) const {
+    if (std::all_of(text.begin(), text.end(), IsPlain)) return {text.begin(), text.end()};
     const bool loose = std::any_of(text.begin(), text.end(), IsUndecodable);
     std::string raw = EncodeAll(text, true);
     // A byte that stands for itself may make a character with what comes behind it now; escaped it
@@ -142,7 +144,7 @@ std::string TextCodec::EncodeAll(std::u16string_view text, bool looseBytes) cons
     raw.reserve(text.size());
     while (!text.empty()) {
         const std::u16string_view character = FirstCharacter(text);
-        if (StartsUnicode(text) || StartsMultibyte(text))
+        if (text[0] == u'\\' && (StartsUnicode(text) || StartsMultibyte(text)))
             AppendUnicode(u'\\', raw);  // spelled out by the user: no escape must come of it
         else
             EncodeCharacter(character, looseBytes, raw);

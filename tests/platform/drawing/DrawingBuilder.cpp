@@ -2,6 +2,7 @@
 #include "tests/platform/drawing/DrawingBuilder.h"
 
 #include <charconv>
+#include <cstdio>
 #include <vector>
 
 #include "platform/drawing/dxf/Group.h"
@@ -96,6 +97,18 @@ OdDbDatabasePtr OpenBytes(std::string bytes) {
 OdDbDatabasePtr Open(const Parts& parts) { return OpenBytes(Ascii(Lines(parts))); }
 
 OdDbDatabasePtr Reopened(OdDbDatabase& database) { return OpenBytes(database.toBytes()); }
+
+std::string OutputOf(const std::string& command) {
+    std::string output;
+    std::FILE* pipe = popen((command + " 2>&1").c_str(), "r");
+    if (!pipe) return "cannot run " + command;
+    char block[4096];
+    while (const size_t count = std::fread(block, 1, sizeof block, pipe)) {
+        output.append(block, count);
+    }
+    const int status = pclose(pipe);
+    return status == 0 ? output : output + "status " + std::to_string(status) + "\n";
+}
 
 std::string Difference(const std::string& before, const std::string& after) {
     const auto split = [](const std::string& text) {

@@ -45,6 +45,9 @@ OdResult Raised(const Action& action) {
     return eOk;
 }
 
+// What a shell command prints, and its status when that is not 0.
+std::string OutputOf(const std::string& command);
+
 // The lines of the file that differ in two versions of it: "-old" and "+new", from a common start
 // and end; empty when there is no difference.
 std::string Difference(const std::string& before, const std::string& after);

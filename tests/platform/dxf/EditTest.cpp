@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <optional>
 #include <random>
 
 #include "tests/platform/dxf/Samples.h"
@@ -86,11 +87,21 @@ void ExpectHints(const Store& store) {
     ASSERT_EQ(there, fresh->Count());
 }
 
+// Any string of the record but its type.
+std::optional<Group> RandomString(const Store& store, RecordIndex index, std::mt19937& random) {
+    std::vector<Group> strings;
+    GroupReader groups = store.Groups(index);
+    for (Group group; groups.Next(group);)
+        if (group.code != 0 && group.IsString()) strings.push_back(group);
+    if (strings.empty()) return std::nullopt;
+    return strings[random() % strings.size()];
+}
+
 void EditOnce(Store& store, Model& model, std::mt19937& random) {
     // The first and the last stay, so that the file remains a drawing with an end.
     const size_t at = 1 + random() % (model.entries.size() - 2);
     Model::Entry& entry = model.entries[at];
-    switch (random() % 4) {
+    switch (random() % 6) {
         case 0:
             if (store.At(entry.index).section != Section::Entities || entry.index < 3) break;
             if (store.At(entry.index).type == RecordType::Section ||
@@ -107,6 +118,17 @@ void EditOnce(Store& store, Model& model, std::mt19937& random) {
             const RecordIndex inserted = store.InsertAfter(entry.index, bytes);
             model.entries.insert(model.entries.begin() + ptrdiff_t(at) + 1,
                                  {inserted, std::move(bytes), false});
+            break;
+        }
+        case 2:
+        case 3: {
+            if (store.At(entry.index).section != Section::Entities) break;
+            const auto group = RandomString(store, entry.index, random);
+            if (!group || store.At(entry.index).type == RecordType::Section) break;
+            const std::string value(random() % 12, char('0' + random() % 10));
+            entry.bytes.replace(size_t(group->value.data() - store.Bytes(entry.index).data()),
+                                group->value.size(), value);
+            store.ReplaceValue(entry.index, *group, value);
             break;
         }
         default:
@@ -161,6 +183,10 @@ TEST(Edits, RecordsThatAreNoneAreRefused) {
         EXPECT_THROW(store->InsertAfter(text, bad), Error) << bad;
     }
     EXPECT_THROW(store->NewWriter().String(1, "a\nb"), Error);
+    GroupReader groups = store->Groups(text, store->At(text).text);
+    Group group;
+    ASSERT_TRUE(groups.Next(group));
+    EXPECT_THROW(store->ReplaceValue(text, group, "a\nb"), Error);
     EXPECT_EQ(store->ToBytes(), before);
     EXPECT_FALSE(store->Modified());
 }

@@ -48,6 +48,9 @@ TEST(Conversion, FoldsLettersOneForOneInEveryLocale) {
     EXPECT_NE(text::CompareNoCase(u"i", u"İ"), 0);
     EXPECT_LT(text::CompareNoCase(u"ab", u"ABC"), 0);
     EXPECT_GT(text::CompareNoCase(u"b", u"ABC"), 0);
+    // A letter of two units whose first unit is in common.
+    EXPECT_EQ(text::CompareNoCase(u"x\U00010400y", u"X\U00010428Y"), 0);
+    EXPECT_NE(text::CompareNoCase(u"\U00010400", u"\U00010401"), 0);
 }
 
 TEST(CString, Formats) {
@@ -123,8 +126,8 @@ TEST(CArray, RefusesAnIndexOutside) {
     EXPECT_EQ(array.Add(6), 1);
     array.RemoveAt(0);
     EXPECT_EQ(array[0], 6);
-    EXPECT_THROW(array.GetAt(1), std::out_of_range);
-    EXPECT_THROW(array.RemoveAt(-1), std::out_of_range);
+    EXPECT_THROW(array.GetAt(1), CInvalidArgException);
+    EXPECT_THROW(array.RemoveAt(-1), CInvalidArgException);
 }
 
 TEST(OdString, MakesItsWideFormWhenAsked) {

@@ -1,0 +1,28 @@
+// Items of a display list as paths of Qt.
+#include "apps/painter/ItemPaths.h"
+
+namespace painter {
+
+QPainterPath PathOf(const DisplayList& list, const Item& item, const QTransform& map) {
+    QPainterPath path;
+    path.setFillRule(Qt::OddEvenFill);
+    path.reserve(static_cast<int>(item.count));
+    const QPointF* point = list.points.data() + item.first;
+    for (uint32_t i = 0; i < item.verbCount; ++i) {
+        switch (list.verbs[item.verb + i]) {
+            case Verb::Move:
+                path.moveTo(map.map(*point++));
+                break;
+            case Verb::Line:
+                path.lineTo(map.map(*point++));
+                break;
+            case Verb::Curve:
+                path.cubicTo(map.map(point[0]), map.map(point[1]), map.map(point[2]));
+                point += 3;
+                break;
+        }
+    }
+    return path;
+}
+
+}  // namespace painter

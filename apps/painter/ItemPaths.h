@@ -1,0 +1,13 @@
+// Items of a display list as paths of Qt.
+#pragma once
+
+#include <QPainterPath>
+
+#include "apps/painter/DisplayList.h"
+
+namespace painter {
+
+// Of an item with verbs, mapped.
+QPainterPath PathOf(const DisplayList& list, const Item& item, const QTransform& map);
+
+}  // namespace painter

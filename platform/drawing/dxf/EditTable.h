@@ -1,0 +1,55 @@
+// The edits of a drawing by record.
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/drawing/dxf/Overlay.h"
+#include "platform/drawing/dxf/Record.h"
+
+namespace dxf {
+
+// What differs from the file in one record.
+struct Edit {
+    Overlay overlay;
+    mutable std::unique_ptr<const std::string> patched;  // the record under a patch, once asked for
+    Overlay savedOverlay;                                // as of the last save
+    bool savedErased = false;
+};
+
+// An array of record numbers leads to the edits, so that a look-up is two reads, and a walk in the
+// order of the records needs no sorting.
+class EditTable {
+  public:
+    Edit* Find(RecordIndex number) {
+        const uint32_t place = number < places.size() ? places[number] : 0;
+        return place ? &edits[place - 1] : nullptr;
+    }
+    const Edit* Find(RecordIndex number) const {
+        return const_cast<EditTable&>(*this).Find(number);
+    }
+
+    // Made when there is none; stays in its place.
+    Edit& Of(RecordIndex number) {
+        if (Edit* edit = Find(number)) return *edit;
+        if (number >= places.size()) places.resize(number + 1);
+        edits.emplace_back();
+        places[number] = static_cast<uint32_t>(edits.size());
+        return edits.back();
+    }
+
+    // Calls visit(number, edit) in the order of the records.
+    template <class Visit>
+    void ForEach(Visit visit) const {
+        for (RecordIndex number = 0; number < places.size(); ++number)
+            if (places[number]) visit(number, edits[places[number] - 1]);
+    }
+
+  private:
+    std::vector<uint32_t> places;  // of the edit of each record, from 1 on
+    std::deque<Edit> edits;        // in pieces: growing moves none
+};
+
+}  // namespace dxf

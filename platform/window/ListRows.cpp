@@ -1,0 +1,205 @@
+// Rows are kept where they are made; what moves is the order of pointers to them.
+#include "platform/window/ListRows.h"
+
+#include <algorithm>
+
+#include "platform/window/PackedTexts.h"
+
+namespace window {
+
+struct ListRows::Row {
+    PackedTexts texts;  // of the columns up to the last one that was set
+    int number = 0;     // right for the first `numbered` rows
+    Data data = 0;
+};
+
+ListRows::ListRows() = default;
+ListRows::~ListRows() = default;
+
+int ListRows::Insert(int row, std::u16string_view text, Data data) {
+    if (row < 0 || row > Count()) row = Count();
+    auto made = std::make_unique<Row>();
+    made->texts.Set(0, text);
+    made->data = data;
+    made->number = row;
+    if (data) index.emplace(data, made.get());
+    const bool known = row == Count() && numbered == row;
+    rows.insert(rows.begin() + row, std::move(made));
+    numbered = known ? row + 1 : std::min(numbered, row);
+    return row;
+}
+
+void ListRows::Erase(int row) {
+    Forget(At(row));
+    rows.erase(rows.begin() + row);
+    numbered = std::min(numbered, row);
+}
+
+void ListRows::Clear() {
+    index.clear();
+    selected.clear();
+    focused = mark = nullptr;
+    rows.clear();
+    numbered = 0;
+}
+
+void ListRows::Reserve(int count) {
+    rows.reserve(static_cast<size_t>(std::max(count, 0)));
+    index.reserve(static_cast<size_t>(std::max(count, 0)));
+}
+
+void ListRows::InsertColumn(int column) {
+    // The text of a list without columns becomes that of its first column.
+    if (columns > 0)
+        for (const auto& row : rows) row->texts.Insert(static_cast<size_t>(column));
+    ++columns;
+}
+
+void ListRows::EraseColumn(int column) {
+    for (const auto& row : rows) row->texts.Erase(static_cast<size_t>(column));
+    --columns;
+}
+
+std::u16string_view ListRows::Text(int row, int column) const {
+    return At(row).texts.At(static_cast<size_t>(column));
+}
+
+bool ListRows::SetText(int row, int column, std::u16string_view text) {
+    Row& changed = At(row);
+    if (column < 0 || column >= std::max(columns, 1)) return false;
+    changed.texts.Set(static_cast<size_t>(column), text);
+    return true;
+}
+
+ListRows::Data ListRows::DataOf(int row) const { return At(row).data; }
+
+void ListRows::SetData(int row, Data data) {
+    Row& changed = At(row);
+    RemoveFromIndex(changed);
+    changed.data = data;
+    if (data) index.emplace(data, &changed);
+}
+
+int ListRows::Find(Data data, int after) const {
+    int found = -1;
+    if (!data) {
+        for (int row = after + 1; row < Count() && found < 0; ++row)
+            if (!rows[row]->data) found = row;
+        return found;
+    }
+    for (const Row* row : compared)
+        if (row && row->data == data && NumberOf(row) > after) return NumberOf(row);
+    const auto [first, last] = index.equal_range(data);
+    for (auto entry = first; entry != last; ++entry) {
+        const int row = NumberOf(entry->second);
+        if (row > after && (found < 0 || row < found)) found = row;
+    }
+    return found;
+}
+
+void ListRows::SetSingleSelection(bool newSingle) {
+    single = newSingle;
+    if (!single || selected.size() < 2) return;
+    const int kept = Next(-1, kSelected);
+    SelectOnly(kept, kept);
+}
+
+unsigned ListRows::State(int row) const {
+    Row& asked = At(row);
+    return (&asked == focused ? kFocused : 0) | (selected.contains(&asked) ? kSelected : 0);
+}
+
+void ListRows::SetState(int row, unsigned state, unsigned mask) {
+    Row& changed = At(row);
+    if (mask & kFocused) {
+        if (state & kFocused)
+            focused = &changed;
+        else if (focused == &changed)
+            focused = nullptr;
+    }
+    if (mask & kSelected) {
+        if (single && state & kSelected) selected.clear();
+        if (state & kSelected)
+            selected.insert(&changed);
+        else
+            selected.erase(&changed);
+    }
+    constexpr unsigned both = kFocused | kSelected;
+    if ((state & mask & both) == both) mark = &changed;
+}
+
+void ListRows::SelectOnly(int first, int last) {
+    selected.clear();
+    if (single) first = last;
+    for (int row = std::min(first, last); row <= std::max(first, last); ++row)
+        selected.insert(&At(row));
+}
+
+void ListRows::Deselect() { selected.clear(); }
+
+int ListRows::Next(int after, unsigned state) const {
+    if (state & kFocused) {
+        const int focus = Focus();
+        return focus > after && (State(focus) & state) == state ? focus : -1;
+    }
+    if (state & kSelected && selected.empty()) return -1;
+    for (int row = std::max(after + 1, 0); row < Count(); ++row)
+        if ((State(row) & state) == state) return row;
+    return -1;
+}
+
+int ListRows::SetMark(int row) {
+    const int former = Mark();
+    mark = row < 0 ? nullptr : &At(row);
+    return former;
+}
+
+void ListRows::Sort(const Compare& compare) {
+    std::vector<Row*> sorted;
+    sorted.reserve(rows.size());
+    for (const auto& row : rows) sorted.push_back(row.get());
+    const bool distinct = AllDataDiffer();
+    const auto before = [&](const Row* a, const Row* b) {
+        // Comparisons find their rows by these data: two look-ups fewer for each of them.
+        if (distinct) compared = {a, b};
+        return compare(a->data, b->data) < 0;
+    };
+    struct EndOfComparing {
+        ListRows& list;
+        ~EndOfComparing() { list.compared = {}; }
+    } end{*this};
+    std::stable_sort(sorted.begin(), sorted.end(), before);
+    for (auto& row : rows) static_cast<void>(row.release());
+    for (size_t i = 0; i < sorted.size(); ++i) rows[i].reset(sorted[i]);
+    numbered = 0;
+}
+
+bool ListRows::AllDataDiffer() const {
+    for (auto entry = index.begin(); entry != index.end(); ++entry) {
+        const auto next = std::next(entry);
+        if (next != index.end() && next->first == entry->first) return false;
+    }
+    return index.size() == rows.size();
+}
+
+int ListRows::NumberOf(const Row* row) const {
+    if (!row) return -1;
+    if (row->number >= numbered)
+        for (; numbered < Count(); ++numbered) rows[numbered]->number = numbered;
+    return row->number;
+}
+
+void ListRows::Forget(Row& row) {
+    RemoveFromIndex(row);
+    selected.erase(&row);
+    if (focused == &row) focused = nullptr;
+    if (mark == &row) mark = nullptr;
+}
+
+void ListRows::RemoveFromIndex(Row& row) {
+    auto [entry, last] = index.equal_range(row.data);
+    entry = std::find_if(entry, last, [&](const auto& pair) { return pair.second == &row; });
+    if (entry != last) index.erase(entry);
+}
+
+}  // namespace window

@@ -1,0 +1,91 @@
+// The rows of a list: texts by column, item data, and which rows are selected, focused and marked.
+// Plain data that knows no window.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace window {
+
+// Rows and columns count from 0; -1 is none. A row number out of range raises std::out_of_range,
+// except where it is said otherwise. Selection, focus and mark belong to a row and go with it.
+class ListRows {
+  public:
+    using Data = intptr_t;
+    using Compare = std::function<int(Data a, Data b)>;  // below, at or above 0
+
+    static constexpr unsigned kFocused = 1, kSelected = 2;
+
+    ListRows();
+    ~ListRows();
+
+    int Count() const { return static_cast<int>(rows.size()); }
+    int Insert(int row, std::u16string_view text,
+               Data data);  // anywhere outside: the end; its number
+    void Erase(int row);
+    void Clear();
+    void Reserve(int count);
+
+    int Columns() const { return columns; }
+    void InsertColumn(int column);  // 0 to Columns()
+    void EraseColumn(int column);
+
+    // Column 0 is there in a list without columns too. Another column that is not there holds an
+    // empty text and takes none: the answer is false. What Text gives is good until
+    // the row changes.
+    std::u16string_view Text(int row, int column) const;
+    bool SetText(int row, int column, std::u16string_view text);
+
+    Data DataOf(int row) const;
+    void SetData(int row, Data data);
+    // The first row behind `after` with these data; -1 for none. A look-up in a hash table.
+    int Find(Data data, int after = -1) const;
+
+    // At most one row has the focus, and of a single selection at most one is selected. A row that
+    // gets focus and selection at once becomes the mark.
+    void SetSingleSelection(bool single);
+    bool IsSingleSelection() const { return single; }
+    unsigned State(int row) const;
+    void SetState(int row, unsigned state, unsigned mask);
+    void SelectOnly(int first, int last);  // the rows between, in either order
+    void Deselect();
+    int SelectedCount() const { return static_cast<int>(selected.size()); }
+    // The first row behind `after` that has all of these states; -1 for none.
+    int Next(int after, unsigned state) const;
+
+    int Focus() const { return NumberOf(focused); }
+    // Where a selection began. It is lost with its row, so that nothing falls to the next one.
+    int Mark() const { return NumberOf(mark); }
+    int SetMark(int row);  // -1 takes it away; the former mark
+
+    // Stable. While it compares, the rows stand as before and may be read and found; when the
+    // comparison throws they stay so.
+    void Sort(const Compare& compare);
+
+  private:
+    struct Row;
+    Row& At(int row) const { return *rows.at(static_cast<size_t>(row)); }
+    int NumberOf(const Row* row) const;
+    void Forget(Row& row);
+    void RemoveFromIndex(Row& row);
+    bool AllDataDiffer() const;
+
+    std::vector<std::unique_ptr<Row>> rows;
+    mutable int numbered = 0;  // so many rows at the head know their number
+    int columns = 0;
+    bool single = false;
+    std::unordered_multimap<Data, Row*> index;  // of data other than 0, which every row begins with
+    std::unordered_set<Row*> selected;
+    Row* focused = nullptr;
+    Row* mark = nullptr;
+    std::array<const Row*, 2> compared{};  // while a list of distinct data is sorted
+};
+
+}  // namespace window

@@ -1,0 +1,205 @@
+// The records of an editable list: columns, rows, cells, and who is told of edits.
+#include "translator/listview/CIListViewEdit.h"
+
+#include <algorithm>
+
+namespace ListView {
+namespace {
+
+constexpr int kFormatoColuna = 8;  // the format code of every column
+
+// The part up to the last backslash, without it; empty where there is none.
+TQString PastaDoValor(const TQString& value) {
+    const size_t slash = value.rfind(u'\\');
+    return slash == TQString::npos ? TQString() : TQString(value.substr(0, slash));
+}
+
+TQStringList UmValor(const TQString& value) { return TQStringList(std::vector<TQString>{value}); }
+
+}  // namespace
+
+// While this is still whole: an open editor sends its value when its window goes.
+CIListViewEdit::~CIListViewEdit() { DestroyWindow(); }
+
+int CIListViewEdit::AddColumn(const TQString& title, int32_t width, bool dark) {
+    if (!titulos) return -1;
+    SetExtendedStyle(LVS_EX_DOUBLEBUFFER | LVS_EX_INFOTIP | LVS_EX_FULLROWSELECT);
+    ModifyStyle(0, LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS);
+    const int column = InsertColumn(titulos->GetSize(), title, kFormatoColuna, width);
+    if (dark) colunasEscuras.push_back(column);
+    titulos->Add(title);
+    return column;
+}
+
+int CIListViewEdit::GetColumnCount() const { return titulos ? titulos->GetSize() : 0; }
+
+CIListViewPropriedadeItem* CIListViewEdit::AddItem(const TQString& key, const TQString& description,
+                                                   const TQString& value, int32_t limit,
+                                                   int32_t kind, int32_t format, bool editable,
+                                                   int32_t index) {
+    return AddItem(key, description, UmValor(value), limit, kind, format, editable, index);
+}
+
+CIListViewPropriedadeItem* CIListViewEdit::AddItem(const TQString& key, const TQString&,
+                                                   const TQStringList& values, int32_t limit,
+                                                   int32_t kind, int32_t format, bool editable,
+                                                   int32_t index) {
+    const int row = InsertItem(GetItemCount(), values.Front());
+    if (row < 0) return nullptr;
+    linhas.push_back(std::make_unique<CELstPropriedadeSubItem>(GetColumnCount()));
+    SetItemData(row, reinterpret_cast<LPARAM>(linhas.back().get()));
+    if (linhas.back()->IsEmpty()) return nullptr;
+    return Preencher(row, 0, key, values, limit, kind, format, editable, index);
+}
+
+CIListViewPropriedadeItem* CIListViewEdit::SetSubItem(int32_t row, int32_t col, const TQString& key,
+                                                      const TQString& description,
+                                                      const TQString& value, int32_t limit,
+                                                      int32_t kind, int32_t format, bool editable,
+                                                      int32_t index) {
+    return SetSubItem(row, col, key, description, UmValor(value), limit, kind, format, editable,
+                      index);
+}
+
+CIListViewPropriedadeItem* CIListViewEdit::SetSubItem(int32_t row, int32_t col, const TQString& key,
+                                                      const TQString&, const TQStringList& values,
+                                                      int32_t limit, int32_t kind, int32_t format,
+                                                      bool editable, int32_t index) {
+    CIListViewPropriedadeItem* cell =
+        Preencher(row, col, key, values, limit, kind, format, editable, index);
+    if (!cell) return nullptr;
+    const TQString value = values.Front();
+    SetItemText(row, col, value);
+    if (kind == ARQUIVO) pastaAtual = pastaBase + PastaDoValor(value);
+    return cell;
+}
+
+CIListViewPropriedadeItem* CIListViewEdit::Preencher(int32_t row, int32_t col, const TQString& key,
+                                                     const TQStringList& values, int32_t limit,
+                                                     int32_t kind, int32_t format, bool editable,
+                                                     int32_t index) {
+    CIListViewPropriedadeItem* cell = Celula(row, col);
+    if (!cell) return nullptr;
+    cell->chave = key;
+    cell->valores = values;
+    cell->indice = index;
+    cell->tipo = kind;
+    cell->formato = format;
+    cell->limite = limit;
+    cell->editavel = editable && !values.empty();
+    return cell;
+}
+
+CELstPropriedadeSubItem* CIListViewEdit::Linha(int32_t row) const {
+    if (row < 0 || row >= GetItemCount()) return nullptr;
+    return reinterpret_cast<CELstPropriedadeSubItem*>(GetItemData(row));
+}
+
+CIListViewPropriedadeItem* CIListViewEdit::Celula(int32_t row, int32_t col) const {
+    const CELstPropriedadeSubItem* cells = Linha(row);
+    return cells ? cells->GetAt(col) : nullptr;
+}
+
+CIListViewPropriedadeItem* CIListViewEdit::CelulaSeHouver(int32_t row, int32_t col) const {
+    const CELstPropriedadeSubItem* cells = Linha(row);
+    return cells && col >= 0 && col < cells->GetSize() ? cells->GetAt(col) : nullptr;
+}
+
+int32_t CIListViewEdit::SetEditavel(int32_t row, int32_t col, bool editable) {
+    CIListViewPropriedadeItem* cell = Celula(row, col);
+    if (!cell) return -1;
+    cell->editavel = editable;
+    return 0;
+}
+
+int32_t CIListViewEdit::SetValor(int32_t row, int32_t col, const TQString& value) {
+    CIListViewPropriedadeItem* cell = Celula(row, col);
+    if (!cell) return 0;
+    cell->valores = UmValor(value);
+    SetIndice(row, col, 0);
+    return 1;
+}
+
+int32_t CIListViewEdit::SetIndice(int32_t row, int32_t col, int32_t index) {
+    CIListViewPropriedadeItem* cell = Celula(row, col);
+    if (!cell) return -1;
+    cell->indiceAnterior = cell->indice;
+    cell->indice = index;
+    SetItemText(row, col, GetValor(row, col, index));
+    return 0;
+}
+
+TQString CIListViewEdit::GetValor(int32_t row, int32_t col, int32_t index) const {
+    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    return cell && index >= 0 ? cell->valores.at(index) : TQString();
+}
+
+TQString CIListViewEdit::GetChave(int32_t row, int32_t col) const {
+    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    return cell ? cell->chave : TQString();
+}
+
+int32_t CIListViewEdit::GetIndice(int32_t row, int32_t col) const {
+    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    return cell ? cell->indice : -1;
+}
+
+int32_t CIListViewEdit::GetTipo(int32_t row, int32_t col) const {
+    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    return cell ? cell->tipo : -1;
+}
+
+int32_t CIListViewEdit::GetLimite(int32_t row, int32_t col) const {
+    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    return cell ? cell->limite : -1;
+}
+
+int32_t CIListViewEdit::GetFormato(int32_t row, int32_t col) const {
+    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    return cell ? cell->formato : -1;
+}
+
+int32_t CIListViewEdit::ClearValores(int32_t row, int32_t col) {
+    if (CIListViewPropriedadeItem* cell = Celula(row, col)) cell->valores.clear();
+    return 0;
+}
+
+void CIListViewEdit::AddListener(ListViewEditListener* listener) { ouvintes.push_back(listener); }
+
+void CIListViewEdit::RemoveListener(ListViewEditListener* listener) {
+    std::erase(ouvintes, listener);
+}
+
+void CIListViewEdit::AvisarOuvintes(AvisoOuvinte aviso, int32_t row, int32_t col) {
+    const std::vector<ListViewEditListener*> told = ouvintes;  // the calls may change ouvintes
+    for (ListViewEditListener* listener : told)
+        if (std::find(ouvintes.begin(), ouvintes.end(), listener) != ouvintes.end())
+            (listener->*aviso)(row, col);
+}
+
+BOOL CIListViewEdit::DeleteItem(int row) {
+    CELstPropriedadeSubItem* data = Linha(row);
+    const BOOL deleted = CListCtrl::DeleteItem(row);
+    if (deleted && data)
+        std::erase_if(linhas, [&](const auto& owned) { return owned.get() == data; });
+    return deleted;
+}
+
+BOOL CIListViewEdit::DeleteAllItems() {
+    const BOOL deleted = CListCtrl::DeleteAllItems();
+    if (deleted) linhas.clear();
+    linhasSelecionadas.clear();
+    return deleted;
+}
+
+// The object may get another window, as a dialog can be shown again. Columns ever added stay
+// counted.
+void CIListViewEdit::OnNcDestroy() {
+    linhas.clear();
+    linhasSelecionadas.clear();
+    fonteLista.reset();
+    editando = 0;
+    CListCtrl::OnNcDestroy();
+}
+
+}  // namespace ListView
