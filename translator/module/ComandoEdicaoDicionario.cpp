@@ -1,6 +1,12 @@
-// The command KVTRANSLATEEDITDIC: the editor of the dictionary.
+// The command KVTRANSLATEEDITDIC: the dictionary editor.
 #include "translator/module/ComandoEdicaoDicionario.h"
 
-#include "translator/module/JanelaAusente.h"
+#include "translator/cad/ui/ParentWindow.h"
+#include "translator/dialogs/ui/IEdicaoDicionario.h"
+#include "translator/module/EscopoDeRecursos.h"
 
-void ComandoEdicaoDicionario() { JanelaAusente("kelvara db terms, kelvara db import"); }
+void ComandoEdicaoDicionario() {
+    AbrirRecursos();
+    IEdicaoDicionario(ParentWindow()).DoModal();
+    FecharRecursos();
+}

@@ -1,6 +1,11 @@
-// The command KVCFGTRADELANG: the editor of the list of languages.
+// The command KVCFGTRADELANG: the language editor.
 #include "translator/module/ComandoEdicaoIdiomas.h"
 
-#include "translator/module/JanelaAusente.h"
+#include "translator/dialogs/ui/IEdicaoIdiomas.h"
+#include "translator/module/EscopoDeRecursos.h"
 
-void ComandoEdicaoIdiomas() { JanelaAusente("kelvara db languages, kelvara db add-language"); }
+void ComandoEdicaoIdiomas() {
+    AbrirRecursos();
+    IEdicaoIdiomas(nullptr).DoModal();
+    FecharRecursos();
+}
