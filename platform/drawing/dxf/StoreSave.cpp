@@ -143,10 +143,10 @@ void Store::Save(const std::string& nativePath, bool force, const Verify& verify
     const auto known = exists ? impl->filesMet.find(std::filesystem::canonical(nativePath, failed))
                               : impl->filesMet.end();
     if (known != impl->filesMet.end() && !force && !(now == known->second))
-        throw Error(nativePath +
-                    ": the file changed on disk since it was read or saved; nothing was changed. "
-                    "Save under "
-                    "another name, or say that it may be overwritten");
+        throw FileChanged(
+            nativePath +
+            ": the file changed on disk since it was read or saved; nothing was changed. "
+            "Save under another name, or say that it may be overwritten");
     ReplaceFile(nativePath, flattened.Pieces(), verify);
     impl->Meet(nativePath);
 }
