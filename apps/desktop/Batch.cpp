@@ -18,7 +18,9 @@ QStringList ArgumentsOf(const BatchOptions& options) {
     if (!pages.isEmpty()) arguments << "--pages" << pages.join(',');
     if (!options.texts) arguments << "--no-texts";
     if (!options.attributes) arguments << "--no-attributes";
+    if (options.layer0) arguments << "--layer-0";
     if (options.record) arguments << "--record";
+    if (options.table) arguments << "--csv" << options.output + ".csv";
     return arguments;
 }
 

@@ -15,7 +15,9 @@ struct BatchOptions {
     QString from, to;     // keys of languages
     ui::PageNames pages;  // none: all
     bool texts = true, attributes = true;
+    bool layer0 = false;  // is a page too
     bool record = false;
+    bool table = false;  // of the lines, as CSV beside the output
 };
 
 QStringList ArgumentsOf(const BatchOptions& options);  // of kelvara

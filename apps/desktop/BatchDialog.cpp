@@ -59,7 +59,9 @@ BatchDialog::BatchDialog(QWidget* parent, Desktop& desktop, host::Document& docu
       to(new QComboBox(form)),
       texts(new QCheckBox(Say("Texts"), form)),
       attributes(new QCheckBox(Say("Attributes"), form)),
+      layer0(new QCheckBox(Say("Layer 0"), form)),
       record(new QCheckBox(Say("Record the translations in the drawing"), form)),
+      table(new QCheckBox(Say("Write the table of lines beside it, as CSV"), form)),
       openResult(new QCheckBox(Say("Open the result"), form)),
       pageButton(new QPushButton(Say("All pages"), form)),
       start(nullptr),
@@ -95,7 +97,7 @@ QWidget* BatchDialog::MakeForm() {
     connect(pageButton, &QPushButton::clicked, this, [this] { ChoosePages(); });
     pageButton->setAutoDefault(false);
     auto* what = new QHBoxLayout;
-    for (QCheckBox* box : {texts, attributes}) what->addWidget(box);
+    for (QCheckBox* box : {texts, attributes, layer0}) what->addWidget(box);
     what->addStretch(1);
     auto* layout = new QFormLayout(form);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -105,6 +107,7 @@ QWidget* BatchDialog::MakeForm() {
     layout->addRow(Say("Search in:"), what);
     layout->addRow(Say("&New drawing:"), MakeOutput());
     layout->addRow(record);
+    layout->addRow(table);
     layout->addRow(openResult);
     return form;
 }
@@ -156,7 +159,7 @@ void BatchDialog::AddLanguages() {
 
 void BatchDialog::ChoosePages() {
     const auto all = host::WholePages(document.Pages().Pages());
-    const auto chosen = ui::ChoosePages(this, all, pages);
+    const auto chosen = ui::ChoosePages(this, all, pages.empty() ? ui::NamesOf(all) : pages);
     if (!chosen) return;
     pages = chosen->size() == all.size() ? ui::PageNames() : *chosen;
     pageButton->setText(pages.empty() ? Say("All pages")
@@ -184,7 +187,9 @@ BatchOptions BatchDialog::Options() const {
     options.pages = pages;
     options.texts = texts->isChecked();
     options.attributes = attributes->isChecked();
+    options.layer0 = layer0->isChecked();
     options.record = record->isChecked();
+    options.table = table->isChecked();
     return options;
 }
 

@@ -47,7 +47,7 @@ class BatchDialog : public QDialog {
 
     QWidget* form;
     QComboBox *from, *to;
-    QCheckBox *texts, *attributes, *record, *openResult;
+    QCheckBox *texts, *attributes, *layer0, *record, *table, *openResult;
     QPushButton *pageButton, *start, *close;
     QLineEdit* output;
     QProgressBar* progress;

@@ -77,7 +77,10 @@ void Desktop::Print(std::u16string_view text) {
 
 std::optional<ui::PageNames> Desktop::ChoosePages(host::Document& document,
                                                   const std::vector<host::Page>& pages) {
-    auto chosen = ui::ChoosePages(Window(), host::WholePages(pages), lastChoice[&document]);
+    const std::vector<host::Page> whole = host::WholePages(pages);
+    const auto last = lastChoice.find(&document);
+    auto chosen = ui::ChoosePages(Window(), whole,
+                                  last == lastChoice.end() ? ui::NamesOf(whole) : last->second);
     if (chosen) lastChoice[&document] = *chosen;
     return chosen;
 }

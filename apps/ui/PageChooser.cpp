@@ -114,6 +114,12 @@ class ChooserDialog : public QDialog {
 
 }  // namespace
 
+PageNames NamesOf(const std::vector<host::Page>& pages) {
+    PageNames names;
+    for (const host::Page& page : pages) names.push_back(page.name);
+    return names;
+}
+
 std::optional<PageNames> ChoosePages(QWidget* owner, const std::vector<host::Page>& pages,
                                      const PageNames& ticked) {
     ChooserDialog dialog(OwnerOf(owner), pages, ticked);

@@ -13,6 +13,8 @@ namespace ui {
 
 using PageNames = std::vector<std::u16string>;
 
+PageNames NamesOf(const std::vector<host::Page>& pages);
+
 // A list with descriptions, a field that filters it, buttons that tick all rows shown or none.
 // Ticked at first: `ticked`, those that are there. Gives the names in the order of the pages, also
 // none at all; nothing when the user cancelled.

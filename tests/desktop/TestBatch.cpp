@@ -100,6 +100,7 @@ TEST(Batch, TellsItsProgressInPhases) {
     options.to = "3";
     options.pages = {u"PAG01", u"PAG02"};
     options.attributes = false;
+    options.layer0 = options.table = true;
     desktop::BatchRun run(&program.window);
     std::map<std::string, int> phases;
     desktop::BatchOutcome outcome;
@@ -124,6 +125,7 @@ TEST(Batch, TellsItsProgressInPhases) {
     }
     EXPECT_GT(outcome.report["stringsChanged"].toInteger(), 20);
     EXPECT_EQ(outcome.report["otherValuesChanged"].toInteger(-1), 0);
+    EXPECT_TRUE(Program::Read(options.output + ".csv").contains("Bemessungsspannung"));
     const std::string texts = program.Kelvara({"texts", options.output});
     EXPECT_THAT(texts, HasSubstr("\tBemessungsspannung\n"));
     EXPECT_THAT(texts, HasSubstr("\tSaídas do CLP\n")) << "a page that was not chosen";

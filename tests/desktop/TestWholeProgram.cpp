@@ -30,7 +30,7 @@ void ChooseTwoPages(QWidget& chooser) {
     EXPECT_EQ(list->topLevelItemCount(), 8) << "title blocks and frames belong to their pages";
     EXPECT_EQ(list->topLevelItem(1)->text(1), "Alimentação geral");
     auto* filter = chooser.findChild<QLineEdit*>("filter");
-    ClickNamed("all")(chooser);
+    EXPECT_EQ(list->topLevelItem(7)->checkState(0), Qt::Checked) << "all at first";
     ClickNamed("none")(chooser);
     QTest::keyClicks(filter, "pag01");
     ClickNamed("all")(chooser);

@@ -12,8 +12,10 @@ namespace {
 
 bool FitsLabel(const QLabel& label) {
     const QRect room = label.contentsRect();
-    const QRect needed = label.fontMetrics().boundingRect(
-        QRect(0, 0, room.width(), 10000), label.wordWrap() ? Qt::TextWordWrap : 0, label.text());
+    const int flags =
+        (label.wordWrap() ? Qt::TextWordWrap : 0) | (label.buddy() ? Qt::TextShowMnemonic : 0);
+    const QRect needed =
+        label.fontMetrics().boundingRect(QRect(0, 0, room.width(), 10000), flags, label.text());
     return needed.width() <= room.width() && needed.height() <= room.height() + 1;
 }
 

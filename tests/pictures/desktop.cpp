@@ -23,6 +23,8 @@ QPalette DarkPalette() {
     palette.setColor(QPalette::Base, QColor(30, 30, 30));
     palette.setColor(QPalette::Highlight, QColor(38, 79, 120));
     palette.setColor(QPalette::HighlightedText, Qt::white);
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(140, 140, 140));
     return palette;
 }
 
