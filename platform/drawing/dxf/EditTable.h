@@ -1,6 +1,7 @@
 // The edits of a drawing by record.
 #pragma once
 
+#include <atomic>
 #include <deque>
 #include <memory>
 #include <string>
@@ -11,11 +12,32 @@
 
 namespace dxf {
 
+// A text that is made when it is first asked for, also when several threads read at the same time.
+class LateText {
+  public:
+    LateText() = default;
+    LateText(const LateText&) = delete;
+    LateText& operator=(const LateText&) = delete;
+    ~LateText() { Reset(); }
+
+    template <class Make>
+    const std::string& Get(const Make& make) const {
+        if (const std::string* known = text.load(std::memory_order_acquire)) return *known;
+        auto made = std::make_unique<const std::string>(make());
+        const std::string* first = nullptr;
+        return text.compare_exchange_strong(first, made.get()) ? *made.release() : *first;
+    }
+    void Reset() { delete text.exchange(nullptr); }
+
+  private:
+    mutable std::atomic<const std::string*> text = nullptr;  // owned
+};
+
 // What differs from the file in one record.
 struct Edit {
     Overlay overlay;
-    mutable std::unique_ptr<const std::string> patched;  // the record under a patch, once asked for
-    Overlay savedOverlay;                                // as of the last save
+    LateText patched;      // the record under a patch
+    Overlay savedOverlay;  // as of the last save
     bool savedErased = false;
 };
 

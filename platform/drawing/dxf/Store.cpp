@@ -84,9 +84,7 @@ std::string_view Store::Impl::BytesOf(RecordIndex number) const {
     if (!(record.flags & (kOverlaid | kInserted))) return FileBytes(number);
     const Edit& edit = *edits.Find(number);
     if (edit.overlay.IsWhole()) return edit.overlay.Inserted();
-    if (!edit.patched)
-        edit.patched = std::make_unique<const std::string>(Applied(number, edit.overlay));
-    return *edit.patched;
+    return edit.patched.Get([&] { return Applied(number, edit.overlay); });
 }
 
 GroupReader Store::Groups(RecordIndex index, uint32_t from) const {

@@ -109,7 +109,7 @@ void Store::Impl::SetOverlay(RecordIndex number, Overlay overlay) {
     if (overlay && !inserted) record.flags |= kOverlaid;
     if (!overlay) record.flags &= ~kOverlaid;
     Edit& edit = edits.Of(number);
-    edit.patched.reset();
+    edit.patched.Reset();
     edit.overlay = std::move(overlay);
     TakeDescription(number, description);
 }
