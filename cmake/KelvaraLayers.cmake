@@ -15,6 +15,8 @@ option(KV_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(KV_PCH "Precompile the headers that most files share" ON)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wno-unused-parameter -Wno-restrict -Werror=return-type)
+# No function of a shared library is replaced from outside: the compiler may inline them.
+add_compile_options(-fno-semantic-interposition)
 add_compile_definitions(QT_NO_KEYWORDS)
 if(KV_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

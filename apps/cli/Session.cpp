@@ -69,11 +69,6 @@ OdDbDatabase& Session::OpenDrawing(const std::string& nativePath) {
     return document->Drawing();
 }
 
-OdDbDatabase& Session::OpenDrawing(OdDbDatabasePtr drawing, const std::string& nativePath) {
-    document = &host->Documents().Open(std::move(drawing), nativePath);
-    return document->Drawing();
-}
-
 OdDbDatabase& Session::Drawing() { return document->Drawing(); }
 
 host::Document& Session::Document() { return *document; }

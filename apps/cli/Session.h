@@ -31,7 +31,6 @@ class Session {
 
     // Throws OdError or host::Error when the drawing cannot be read.
     OdDbDatabase& OpenDrawing(const std::string& nativePath);
-    OdDbDatabase& OpenDrawing(OdDbDatabasePtr drawing, const std::string& nativePath);
     OdDbDatabase& Drawing();  // once it is open
     host::Document& Document();
 

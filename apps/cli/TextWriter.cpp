@@ -1,8 +1,6 @@
 // The writing of translations.
 #include "apps/cli/TextWriter.h"
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <unordered_set>
 
@@ -50,10 +48,8 @@ class ObjectsOfLines {
 class TextWriter {
   public:
     TextWriter(OdDbDatabase& drawing, const OnWritten& onWritten,
-               const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines)
+               const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines, size_t count)
         : store(drawing.store()), onWritten(onWritten), standIns(lines) {
-        size_t count = 0;
-        for (const auto& line : lines) count += line->objetos.size();
         result.texts.reserve(count);
     }
 
@@ -101,20 +97,40 @@ class TextWriter {
     Written result;
 };
 
+// An object and the line that it is an object of.
+struct Place {
+    uint64_t handle;
+    ETraduzivel* object;
+    const structExpressao* line;
+};
+
+std::vector<Place> PlacesOf(const TranslationTable& table) {
+    std::vector<Place> places;
+    for (const auto& line : table.Lines()) {
+        for (ETraduzivel* object : line->objetos) {
+            places.push_back({HandleOf(*object), object, line.get()});
+        }
+    }
+    return places;
+}
+
 }  // namespace
 
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
     ObjectsOfLines objects(table);
     objects.DropUntranslatedLines();
-    TextWriter writer(drawing, onWritten, table.Lines());
-    size_t done = 0;
-    for (const auto& line : table.Lines()) {
-        for (ETraduzivel* object : line->objetos) writer.Write(*object, *line);
-        objects.Destroy(*line);
-        progress.Reached(static_cast<double>(++done) / static_cast<double>(table.Lines().size()));
+    std::vector<Place> places = PlacesOf(table);
+    // In the order of their coming they stand side by side in the file. Records are made in the
+    // order of the lines, from which they have their handles.
+    if (!onWritten) std::ranges::stable_sort(places, {}, &Place::handle);
+    TextWriter writer(drawing, onWritten, table.Lines(), places.size());
+    for (size_t done = 0; done < places.size(); ++done) {
+        writer.Write(*places[done].object, *places[done].line);
+        if (done % 1024 == 0) {
+            progress.Reached(static_cast<double>(done) / static_cast<double>(places.size()));
+        }
     }
-    malloc_trim(0);  // what the objects held: saving takes memory in large pieces
     return writer.Take();
 }
 

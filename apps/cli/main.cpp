@@ -1,7 +1,5 @@
 // kelvara: translates electrical project drawings without a window, for scripts, servers and
 // checks.
-#include <malloc.h>
-
 #include <QCoreApplication>
 #include <cstdio>
 #include <new>
@@ -34,9 +32,6 @@ int Work(const cli::CommandLine& line) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // One heap for all threads, so that the memory of a dictionary's rows, which one thread takes,
-    // serves the objects of the others afterwards.
-    mallopt(M_ARENA_MAX, 1);
     QCoreApplication application(argc, argv);
     application.setApplicationName("kelvara");
     cli::CommandLine line;

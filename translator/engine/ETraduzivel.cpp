@@ -24,14 +24,13 @@ std::string_view NomeTipo(uint32_t tipo) {
 
 ETraduzivel::ETraduzivel(uint32_t tipo, TQString novoTexto, TQString novaChave)
     : tipo(tipo), chave(std::move(novaChave)) {
-    if (!novoTexto.empty() && novoTexto != u" ") {
-        texto = std::move(novoTexto);
-    }
+    temTexto = !novoTexto.empty() && novoTexto != u" ";
+    if (temTexto) texto = std::move(novoTexto);
 }
 
 ETraduzivel::~ETraduzivel() = default;
 
-const TQString* ETraduzivel::GetTexto() const { return texto ? &*texto : nullptr; }
+const TQString* ETraduzivel::GetTexto() const { return temTexto ? &texto : nullptr; }
 
 void ETraduzivel::SetTexto(TQString) {}
 

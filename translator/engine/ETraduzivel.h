@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 #include "platform/drawing/DbObjectId.h"
@@ -52,7 +51,8 @@ class ETraduzivel {
     ETraduzivel(uint32_t tipo, TQString texto, TQString chave);
 
     uint32_t tipo;
-    std::optional<TQString> texto;
+    bool temTexto = false;  // while it has none GetTexto gives null
+    TQString texto;
     TQString chave;
 };
 

@@ -18,6 +18,13 @@ bool EstaEmUso(const structIdioma& idioma) { return idioma.use == u"1"; }
 }  // namespace
 
 std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
+    std::vector<structIdioma> emUso = GetAllLang();
+    std::erase_if(emUso, [](const structIdioma& idioma) { return !EstaEmUso(idioma); });
+    return GetTerms(std::move(emUso));
+}
+
+std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
+    std::vector<structIdioma> idiomas) {
     class CQueryGetTerms : public ConsultaLeitura {
       public:
         std::vector<structIdioma> idiomas;
@@ -27,9 +34,7 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
         QSqlQuery Prepare(QSqlDatabase banco) const override {
             QStringList colunas;
             for (const structIdioma& idioma : idiomas) {
-                if (EstaEmUso(idioma)) {
-                    colunas << QStringLiteral("LANGUAGE%1").arg(QString(idioma.key));
-                }
+                colunas << QStringLiteral("LANGUAGE%1").arg(QString(idioma.key));
             }
             QSqlQuery consulta(banco);
             consulta.prepare(
@@ -40,14 +45,14 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
     };
 
     auto consulta = std::make_shared<CQueryGetTerms>();
-    consulta->idiomas = GetAllLang();
+    consulta->idiomas = std::move(idiomas);
     CKVQueryResponse resposta = BancoDeDados()->ExecuteSync(consulta);
     auto& linhas = resposta.getResult();
     if (resposta.failed() || linhas.empty()) return nullptr;
 
     auto traducoes = std::make_unique<structTraducoes>();
     for (const structIdioma& idioma : consulta->idiomas) {
-        if (EstaEmUso(idioma)) traducoes->languages.push_back(idioma.descr);
+        traducoes->languages.push_back(idioma.descr);
     }
     traducoes->terms.reserve(linhas.size());
     // Row by row: the terms take the memory that the rows give up.

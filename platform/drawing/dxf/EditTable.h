@@ -1,8 +1,8 @@
 // The edits of a drawing by record.
 #pragma once
 
+#include <array>
 #include <atomic>
-#include <deque>
 #include <memory>
 #include <string>
 #include <vector>
@@ -47,7 +47,7 @@ class EditTable {
   public:
     Edit* Find(RecordIndex number) {
         const uint32_t place = number < places.size() ? places[number] : 0;
-        return place ? &edits[place - 1] : nullptr;
+        return place ? &At(place) : nullptr;
     }
     const Edit* Find(RecordIndex number) const {
         return const_cast<EditTable&>(*this).Find(number);
@@ -57,21 +57,27 @@ class EditTable {
     Edit& Of(RecordIndex number) {
         if (Edit* edit = Find(number)) return *edit;
         if (number >= places.size()) places.resize(number + 1);
-        edits.emplace_back();
-        places[number] = static_cast<uint32_t>(edits.size());
-        return edits.back();
+        if (count % kPiece == 0) pieces.push_back(std::make_unique<Piece>());
+        places[number] = ++count;
+        return At(count);
     }
 
     // Calls visit(number, edit) in the order of the records.
     template <class Visit>
     void ForEach(Visit visit) const {
         for (RecordIndex number = 0; number < places.size(); ++number)
-            if (places[number]) visit(number, edits[places[number] - 1]);
+            if (places[number]) visit(number, At(places[number]));
     }
 
   private:
-    std::vector<uint32_t> places;  // of the edit of each record, from 1 on
-    std::deque<Edit> edits;        // in pieces: growing moves none
+    static constexpr uint32_t kPiece = 512;
+    using Piece = std::array<Edit, kPiece>;
+
+    Edit& At(uint32_t place) const { return (*pieces[(place - 1) / kPiece])[(place - 1) % kPiece]; }
+
+    std::vector<uint32_t> places;                // of the edit of each record, from 1 on
+    std::vector<std::unique_ptr<Piece>> pieces;  // growing moves no edit
+    uint32_t count = 0;
 };
 
 }  // namespace dxf

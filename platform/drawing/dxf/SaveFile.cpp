@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/uio.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -14,7 +13,6 @@
 #include <future>
 #include <memory>
 #include <optional>
-#include <span>
 #include <utility>
 
 #include "platform/drawing/dxf/Group.h"
@@ -61,70 +59,35 @@ class Removal {
     std::string path;
 };
 
-// Hands all vectors to the kernel, however little it takes at a time. 0 or an errno.
-int WriteAll(int file, std::vector<iovec>& vectors) {
-    constexpr size_t kVectorsPerCall = 1024;
-    size_t first = 0;
-    while (first < vectors.size()) {
-        const size_t count = std::min(kVectorsPerCall, vectors.size() - first);
-        const ssize_t written = ::writev(file, vectors.data() + first, int(count));
+// Hands all bytes to the kernel, however little it takes at a time. 0 or an errno.
+int WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) return errno;
-        size_t left = size_t(written);
-        while (first < vectors.size() && left >= vectors[first].iov_len)
-            left -= vectors[first++].iov_len;
-        if (left == 0) continue;
-        vectors[first].iov_base = static_cast<char*>(vectors[first].iov_base) + left;
-        vectors[first].iov_len -= left;
+        bytes.remove_prefix(size_t(written));
     }
     return 0;
 }
 
-std::vector<iovec> VectorsOf(std::span<const std::string_view> pieces) {
-    std::vector<iovec> vectors;
-    vectors.reserve(pieces.size());
-    for (const std::string_view piece : pieces)
-        if (!piece.empty()) vectors.push_back({const_cast<char*>(piece.data()), piece.size()});
-    return vectors;
-}
-
-// Small files mostly change in small pieces, and copying those into a buffer is cheaper than a
-// vector for each.
-int WriteGathered(int file, const std::vector<std::string_view>& pieces) {
-    constexpr size_t kGather = 256 * 1024;
+// Drawings mostly change in small pieces: copying those into a buffer is cheaper than handing each
+// to the kernel. Large ones go as they are.
+int WritePieces(int file, const std::vector<std::string_view>& pieces) {
+    constexpr size_t kGather = 256 * 1024, kLarge = 64 * 1024;
     std::string gathered;
     gathered.reserve(kGather);
-    const auto flush = [&] {
-        const std::string_view whole = gathered;
-        std::vector<iovec> one = VectorsOf({&whole, 1});
-        const int error = WriteAll(file, one);
-        gathered.clear();
-        return error;
-    };
-    for (std::string_view piece : pieces) {
-        while (!piece.empty()) {
-            const size_t part = std::min(piece.size(), kGather - gathered.size());
-            gathered.append(piece.substr(0, part));
-            piece.remove_prefix(part);
-            if (gathered.size() < kGather) continue;
-            if (const int error = flush()) return error;
+    for (const std::string_view piece : pieces) {
+        if (gathered.size() + piece.size() > kGather || piece.size() >= kLarge) {
+            if (const int error = WriteAll(file, gathered)) return error;
+            gathered.clear();
+        }
+        if (piece.size() < kLarge) {
+            gathered += piece;
+        } else if (const int error = WriteAll(file, piece)) {
+            return error;
         }
     }
-    return flush();
-}
-
-int WritePieces(int file, const std::vector<std::string_view>& pieces) {
-    constexpr size_t kSmallFile = size_t(10) << 20;
-    size_t size = 0;
-    for (const std::string_view piece : pieces) size += piece.size();
-    if (size < kSmallFile) return WriteGathered(file, pieces);
-    constexpr size_t kPiecesAtOnce = 64 * 1024;
-    for (size_t from = 0; from < pieces.size(); from += kPiecesAtOnce) {
-        std::vector<iovec> vectors = VectorsOf(
-            std::span(pieces).subspan(from, std::min(kPiecesAtOnce, pieces.size() - from)));
-        if (const int error = WriteAll(file, vectors)) return error;
-    }
-    return 0;
+    return WriteAll(file, gathered);
 }
 
 // The file that a path means: what a link points at, else the path itself.

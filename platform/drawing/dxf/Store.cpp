@@ -126,6 +126,8 @@ RecordIndex Store::Previous(RecordIndex index) const {
 
 RecordIndex Store::FindHandle(uint64_t handle) const { return impl->handles.Find(handle); }
 
+uint64_t Store::Changes() const { return impl->changes; }
+
 std::string_view Store::Original() const { return impl->file.View(); }
 
 GroupReader Store::OriginalGroups() const {

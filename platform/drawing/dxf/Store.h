@@ -85,6 +85,7 @@ class Store {
     void SetErased(RecordIndex index, bool erased);  // an erased record is left out at save
     GroupWriter NewWriter(
         RecordIndex neighbour = kNoRecord) const;  // format and line end of the place
+    uint64_t Changes() const;                      // how many edits there have been
     bool Modified() const;                         // a save would differ from the file
     void MarkSaved();
 

@@ -37,6 +37,7 @@ struct Store::Impl {
     uint64_t firstNewHandle = 1, nextHandle = 1;
 
     EditTable edits;
+    uint64_t changes = 0;
     std::vector<Links> links;  // of the inserted records, in order of insertion
     std::unordered_map<RecordIndex, Chain> chains;
     std::unordered_map<RecordIndex, uint64_t> memoryHandles;
@@ -71,10 +72,13 @@ struct Store::Impl {
     void TakeDescription(RecordIndex number, const Record& description);
     void Link(RecordIndex inserted, RecordIndex where);
     bool IsEasyToPatch(RecordIndex number, const Group& group) const;
+    Overlay Joined(RecordIndex number, const Overlay& patch, uint32_t at, uint32_t removed,
+                   std::string_view value) const;
     void Patch(RecordIndex number, const Group& group, std::string_view value);
     void SetOverlay(RecordIndex number, Overlay overlay);
     void SetErasedFlag(RecordIndex number, bool erased);
     RecordState StateOf(RecordIndex number) const;
+    RecordState StateBefore(RecordIndex number) const;
     void Remember(const RecordState& state);
 
     // Saving.
