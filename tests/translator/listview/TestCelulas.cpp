@@ -34,6 +34,28 @@ TEST_F(Celulas, ColumnsAreCountedForEver) {
     EXPECT_THROW(lista.GetIndice(0, -1), CInvalidArgException);
 }
 
+// Records are made as they are used, and their memory serves again.
+TEST_F(Celulas, ARowBeginsBlankWhateverStoodThereBefore) {
+    for (int column = 2; column < 9; ++column) lista.AddColumn(u"", 10, false);
+    lista.AddItem(u"", u"", TQString(u"former"), 9, TEXTO, 1, true, 0);
+    for (const int column : {1, 8}) {
+        lista.SetSubItem(0, column, u"former", u"", Valores({u"a", u"b"}), 9, LISTA, 0, true, 1);
+        *lista.Celula(0, column) = {u"former", u"former", Valores({u"a"}), Valores({u"b"})};
+    }
+    lista.DeleteAllItems();
+    lista.AddColumn(u"", 10, false);
+    lista.AddItem(u"", u"", TQString(u"new"), 9, TEXTO, 1, true, 0);
+    for (const int column : {1, 8, 9}) {
+        EXPECT_EQ(Texto(0, column), "");
+        EXPECT_EQ(lista.GetTipo(0, column), -1);
+        EXPECT_EQ(lista.GetIndice(0, column), -1);
+        const CIListViewPropriedadeItem& cell = *lista.Celula(0, column);
+        EXPECT_TRUE(cell.chave.empty() && cell.descricao.empty() && cell.valores.empty() &&
+                    cell.complementos.empty() && !cell.editavel);
+    }
+    EXPECT_THROW(lista.Celula(0, 10), CInvalidArgException);
+}
+
 TEST_F(Celulas, RowsWithoutDataAnswerByTheTable) {
     lista.InsertItem(0, u"bare");
     for (const int32_t row : {-1, 0, 1}) {
