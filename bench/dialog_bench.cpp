@@ -249,7 +249,7 @@ constexpr struct {
 bool PrintGrowth(const std::vector<Times>& times) {
     // What does not stay in the processor's caches costs more: linear growth would be 16 and the
     // growth of a search through all lines 256.
-    constexpr double kCaches = 2.5;
+    constexpr double kCaches = 3;
     const double more = double(std::end(kSizes)[-1]) / kSizes[0];
     const double logarithms = std::log(std::end(kSizes)[-1]) / std::log(kSizes[0]);
     bool met = true;

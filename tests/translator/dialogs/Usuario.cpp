@@ -117,6 +117,7 @@ void ClicarTitulo(CListCtrl& lista, int coluna) {
 void EscolherArquivo(QWidget& dialogo, const QString& caminho) {
     auto* escolha = qobject_cast<QFileDialog*>(&dialogo);
     ASSERT_TRUE(escolha) << dialogo.metaObject()->className();
+    if (caminho.isEmpty()) return escolha->reject();
     auto* nome = escolha->findChild<QLineEdit*>("fileNameEdit");
     ASSERT_TRUE(nome);
     nome->setText(caminho);
