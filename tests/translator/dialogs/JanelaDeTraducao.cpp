@@ -102,7 +102,8 @@ size_t JanelaDeTraducao::Termos() { return IBDIdiomas().GetTerms()->terms.size()
 
 std::string JanelaDeTraducao::Registrados(const char16_t* chave) {
     std::string juntos;
-    for (const auto& [idioma, texto] : *traducaoTQ::ReadObjectRecords(CString(chave))) {
+    const auto registros = traducaoTQ::ReadObjectRecords(CString(chave));
+    for (const auto& [idioma, texto] : *registros) {
         juntos += text::NarrowFromWide(idioma + u"=" + texto) + "|";
     }
     return juntos;

@@ -185,7 +185,6 @@ TEST_F(TradutorProj, LanguagesOutOfUseShiftTheSource) {
 }
 
 TEST_F(TradutorProj, ExportsWhatTheListShowsInItsOrder) {
-    const QString csv = projeto.Arquivo("troca.csv");
     Ler();
     const auto linhasDe = [&](const Textos& originais, const Textos& traducoes) {
         std::string bytes;
@@ -194,6 +193,7 @@ TEST_F(TradutorProj, ExportsWhatTheListShowsInItsOrder) {
         return QString::fromStdString(bytes).toLatin1();
     };
     for (const bool comDestino : {false, true}) {
+        const QString csv = projeto.Arquivo(comDestino ? "com.csv" : "sem.csv");
         QByteArray esperado;
         Mostrar(
             [&](CWnd& dialogo) {
@@ -204,7 +204,7 @@ TEST_F(TradutorProj, ExportsWhatTheListShowsInItsOrder) {
                 Clicar(dialogo, kBotaoExportar);
             },
             csv);
-        EXPECT_EQ(LerArquivo(csv), esperado);
+        EXPECT_EQ(LerArquivo(csv).toStdString(), esperado.toStdString());
         EXPECT_EQ(esperado.contains("\r\n60 Hz;60 Hertz\r\n"), comDestino);
         EXPECT_EQ(projeto.caixas.textos.size(), comDestino ? 2u : 1u);
     }
