@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Measures the programs on generated drawings and prints every figure beside what is asked of it.
 
-run.py BUILD [--sizes 10,100]: needs kelvara, dxf_bench and painter_bench in BUILD/bin; drawings stand in
-BUILD/bench and are kept for the next run. The exit status is 1 when a figure is missed.
+run.py BUILD [--sizes 10,100]: needs kelvara and the programs of this folder in BUILD/bin; drawings
+stand in BUILD/bench and are kept for the next run. The exit status is 1 when a figure is missed.
 """
 import argparse
 import csv
@@ -76,7 +76,8 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view", "painter_bench"):
+        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view",
+                     "dialog_bench", "painter_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -133,12 +134,12 @@ class Bench:
     def ezdxf_times(self, drawing):
         return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.folder / "ezdxf.dxf"])
 
-    def list_view(self):
-        """The list control against Qt's item model; the program tells its own figures."""
+    def windows(self, name):
+        """A program that holds windows against Qt's own and tells its figures itself."""
         environment = {"QT_QPA_PLATFORM": "offscreen", **os.environ}
-        run = subprocess.run([self.programs / "list_view"], env=environment, check=False)
+        run = subprocess.run([self.programs / name], env=environment, check=False)
         if run.returncode not in (0, 1):
-            raise Failure(f"list_view: exit status {run.returncode}")
+            raise Failure(f"{name}: exit status {run.returncode}")
         self.report.missed |= run.returncode != 0
 
     def translation(self, size):
@@ -225,7 +226,8 @@ def main():
     options = parser.parse_args()
     sizes = [int(size) for size in options.sizes.split(",")]
     bench = Bench(options.build.resolve())
-    bench.list_view()
+    bench.windows("list_view")
+    bench.windows("dialog_bench")
     for size in sizes:
         bench.store(size)
     bench.translation(sizes[-1])

@@ -2,6 +2,7 @@
 #include "platform/window/ListRows.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/window/PackedTexts.h"
 
@@ -16,9 +17,17 @@ struct ListRows::Row {
 ListRows::ListRows() = default;
 ListRows::~ListRows() = default;
 
+std::unique_ptr<ListRows::Row> ListRows::NewRow() {
+    if (spare.empty()) return std::make_unique<Row>();
+    auto row = std::move(spare.back());
+    spare.pop_back();
+    row->texts.Clear();
+    return row;
+}
+
 int ListRows::Insert(int row, std::u16string_view text, Data data) {
     if (row < 0 || row > Count()) row = Count();
-    auto made = std::make_unique<Row>();
+    auto made = NewRow();
     made->texts.Set(0, text);
     made->data = data;
     made->number = row;
@@ -39,6 +48,8 @@ void ListRows::Clear() {
     index.clear();
     selected.clear();
     focused = mark = nullptr;
+    spare.insert(spare.end(), std::make_move_iterator(rows.rbegin()),
+                 std::make_move_iterator(rows.rend()));
     rows.clear();
     numbered = 0;
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -30,7 +31,7 @@ class ListRows {
     int Insert(int row, std::u16string_view text,
                Data data);  // anywhere outside: the end; its number
     void Erase(int row);
-    void Clear();
+    void Clear();  // the rows to come take over the memory of these
     void Reserve(int count);
 
     int Columns() const { return columns; }
@@ -77,11 +78,16 @@ class ListRows {
     void RemoveFromIndex(Row& row);
     bool AllDataDiffer() const;
 
+    std::unique_ptr<Row> NewRow();
+
     std::vector<std::unique_ptr<Row>> rows;
-    mutable int numbered = 0;  // so many rows at the head know their number
+    std::vector<std::unique_ptr<Row>> spare;  // in the reverse order of their making
+    mutable int numbered = 0;                 // so many rows at the head know their number
     int columns = 0;
     bool single = false;
-    std::unordered_multimap<Data, Row*> index;  // of data other than 0, which every row begins with
+    // Of data other than 0, which every row begins with.
+    std::pmr::unsynchronized_pool_resource nodes;
+    std::pmr::unordered_multimap<Data, Row*> index{&nodes};
     std::unordered_set<Row*> selected;
     Row* focused = nullptr;
     Row* mark = nullptr;

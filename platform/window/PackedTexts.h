@@ -21,6 +21,10 @@ class PackedTexts {
     void Set(size_t number, std::u16string_view text);  // beyond the last: empty ones between
     void Insert(size_t number);                         // an empty one; beyond the last: nothing
     void Erase(size_t number);                          // beyond the last: nothing
+    void Clear() {                                      // and keeps the memory
+        block.clear();
+        count = 0;
+    }
 
   private:
     // Two units for each text tell where it ends, counted from the first one's beginning.

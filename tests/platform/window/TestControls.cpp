@@ -139,7 +139,7 @@ TEST_F(Controls, AComboTellsOfItsSelectionAndKeepsTheFocusWhileOpen) {
     EXPECT_NE(CWnd::GetFocus(), &combo);
 }
 
-TEST_F(Controls, TypingInAComboTakesTheSelectionAwayUpToItsLimit) {
+TEST_F(Controls, TypingInAComboTakesTheSelectionAwayAndOnlyItIsLimited) {
     CComboBox combo;
     combo.Create(0x50200252, place, &dialog, 50);
     combo.AddString(u"alpha");
@@ -150,6 +150,11 @@ TEST_F(Controls, TypingInAComboTakesTheSelectionAwayUpToItsLimit) {
     EXPECT_EQ(combo.GetWindowText(), u"abcd");
     EXPECT_EQ(combo.GetCurSel(), CB_ERR);
     EXPECT_EQ(dialog.codes.front(), CBN_EDITCHANGE);
+    combo.SetWindowText(u"longer than four");
+    Type(combo, "x");
+    EXPECT_EQ(combo.GetWindowText(), u"longer than four");
+    combo.SetCurSel(0);
+    EXPECT_EQ(combo.GetWindowText(), u"alpha");
 }
 
 TEST_F(Controls, AnOwnerDrawnComboDrawsEachEntry) {
