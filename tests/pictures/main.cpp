@@ -12,12 +12,12 @@
 #include "tests/pictures/CutTexts.h"
 #include "tests/translator/dialogs/Projeto.h"
 #include "tests/translator/dialogs/Usuario.h"
+#include "translator/dialogs/ui/ControlesDosEditores.h"
 #include "translator/dialogs/ui/ModeloTradutorProj.h"
 
 namespace {
 
-constexpr int kAvancar = 12324;                             // of the wizard
-constexpr int kBotaoAdicionar = 219, kBotaoCancelar = 210;  // of the editors
+constexpr int kAvancar = 12324;  // of the wizard
 
 class Pictures {
   public:

@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <cstring>
+
+#include "tests/translator/dialogs/OutroEditor.h"
 
 // What a command that failed leaves behind, as it must.
 extern "C" const char* __lsan_default_suppressions() {
@@ -12,5 +15,6 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    if (argc == 3 && std::strcmp(argv[1], "--editor") == 0) return OutroEditor::Servir(argv[2]);
     return RUN_ALL_TESTS();
 }
