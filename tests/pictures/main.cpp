@@ -81,17 +81,26 @@ void TranslationDialog(Projeto& project, Pictures& pictures) {
     user.Durante([&] { project.Executar("KVTRANSLATEPROJ"); });
 }
 
-void Editors(Projeto& project, Pictures& pictures, const char* filled) {
+void Sql(const Projeto& project, const char* statement) {
+    const QString url = "sqlite:" + project.Arquivo("dictionary.db");
+    host::SqlConnection(host::ParseDatabaseUrl(url), host::OnMissing::Refuse).Run(statement);
+}
+
+void DictionaryEditor(Projeto& project, Pictures& pictures, const std::string& state) {
     Usuario user;
     user.Entao([&](CWnd& dialog) {
-        pictures.Save(dialog, (std::string("dictionary-") + filled).c_str());
+        pictures.Save(dialog, ("dictionary-" + state).c_str());
         Clicar(dialog, kBotaoAdicionar);
-        pictures.Save(dialog, (std::string("dictionary-new-row-") + filled).c_str());
+        pictures.Save(dialog, ("dictionary-new-row-" + state).c_str());
         Clicar(dialog, kBotaoCancelar);
     });
     user.Durante([&] { project.Executar("KVTRANSLATEEDITDIC"); });
+}
+
+void LanguageEditor(Projeto& project, Pictures& pictures, const std::string& state) {
+    Usuario user;
     user.Entao([&](CWnd& dialog) {
-        pictures.Save(dialog, (std::string("languages-") + filled).c_str());
+        pictures.Save(dialog, ("languages-" + state).c_str());
         Clicar(dialog, kBotaoCancelar);
     });
     user.Durante([&] { project.Executar("KVCFGTRADELANG"); });
@@ -110,6 +119,11 @@ int main(int argc, char** argv) {
     Pictures pictures(argv[1]);
     Projeto project("block_pages.dxf", QString(argv[2]).toInt());
     TranslationDialog(project, pictures);
-    Editors(project, pictures, "filled");
+    DictionaryEditor(project, pictures, "filled");
+    LanguageEditor(project, pictures, "filled");
+    Sql(project, "DELETE FROM BDTRANSLATOR");
+    DictionaryEditor(project, pictures, "empty");
+    Sql(project, "DELETE FROM BDLANGUAGE");
+    LanguageEditor(project, pictures, "empty");
     return pictures.complete && !testing::Test::HasFailure() ? 0 : 1;
 }
