@@ -76,7 +76,8 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view", "painter_bench"):
+        for name in ("kelvara", "dxf_bench", "dictionary_bench", "editor_bench", "list_view",
+                     "painter_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -133,12 +134,12 @@ class Bench:
     def ezdxf_times(self, drawing):
         return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.folder / "ezdxf.dxf"])
 
-    def list_view(self):
-        """The list control against Qt's item model; the program tells its own figures."""
+    def windows(self, name, *arguments):
+        """A program that shows windows and tells its figures itself."""
         environment = {"QT_QPA_PLATFORM": "offscreen", **os.environ}
-        run = subprocess.run([self.programs / "list_view"], env=environment, check=False)
+        run = subprocess.run([self.programs / name, *arguments], env=environment, check=False)
         if run.returncode not in (0, 1):
-            raise Failure(f"list_view: exit status {run.returncode}")
+            raise Failure(f"{name}: exit status {run.returncode}")
         self.report.missed |= run.returncode != 0
 
     def translation(self, size):
@@ -188,6 +189,10 @@ class Bench:
         self.report.at_least("switch with its trial and certificate against ezdxf without",
                              theirs.seconds / ours.seconds, 40)
 
+    def editor(self, size):
+        drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
+        self.windows("editor_bench", self.database(drawing))
+
     def growth(self):
         seconds = []
         for count, terms in ((20000, 10000), (200000, 100000)):
@@ -225,11 +230,12 @@ def main():
     options = parser.parse_args()
     sizes = [int(size) for size in options.sizes.split(",")]
     bench = Bench(options.build.resolve())
-    bench.list_view()
+    bench.windows("list_view")
     for size in sizes:
         bench.store(size)
     bench.translation(sizes[-1])
     bench.dictionary(sizes[-1])
+    bench.editor(sizes[-1])
     bench.growth()
     bench.language_switch(400000)
     bench.many_pages()
