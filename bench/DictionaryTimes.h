@@ -7,11 +7,14 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 
+#include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <stdexcept>
 #include <vector>
+
+#include "host/Host.h"
 
 // Seconds that this process (RUSAGE_SELF) or its children have used.
 inline double ProcessorSeconds(int who) {
@@ -57,6 +60,15 @@ inline void PrintTable(const char* file) {
 // Seconds that sqlite3 takes for it.
 inline double PrintSeconds(const char* file) {
     return MedianSeconds(RUSAGE_CHILDREN, [file] { PrintTable(file); });
+}
+
+// A host on that dictionary, with settings of its own.
+inline host::HostOptions OptionsFor(const char* file, const QTemporaryDir& folder) {
+    host::HostOptions options;
+    options.settingsFile = folder.filePath("settings.ini");
+    options.logToStderr = true;
+    options.databaseUrl = QStringLiteral("sqlite:") + file;
+    return options;
 }
 
 // Prints the figure beside what is asked of it; false when it is missed.

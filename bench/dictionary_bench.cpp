@@ -33,11 +33,7 @@ Terms ReadTerms() {
 
 bool Measure(const char* file) {
     QTemporaryDir folder;
-    host::HostOptions options;
-    options.settingsFile = folder.filePath("settings.ini");
-    options.logToStderr = true;
-    options.databaseUrl = QStringLiteral("sqlite:") + file;
-    host::Host host(options);
+    host::Host host(OptionsFor(file, folder));
     host.OpenDatabase();
     const auto database = std::static_pointer_cast<host::Database>(traducaoTQ::BancoDeDados());
 

@@ -113,11 +113,7 @@ void CheckSaved(int run) {
 
 bool Measure(const char* file) {
     QTemporaryDir folder;
-    host::HostOptions options;
-    options.settingsFile = folder.filePath("settings.ini");
-    options.logToStderr = true;
-    options.databaseUrl = QStringLiteral("sqlite:") + file;
-    host::Host host(options);
+    host::Host host(OptionsFor(file, folder));
     host.OpenDatabase();
 
     const double print = PrintSeconds(file);
