@@ -76,8 +76,8 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view",
-                     "dialog_bench", "painter_bench"):
+        for name in ("kelvara", "dxf_bench", "dictionary_bench", "editor_bench", "list_view",
+                     "dialog_bench", "painter_bench", "redefine_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -134,10 +134,10 @@ class Bench:
     def ezdxf_times(self, drawing):
         return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.folder / "ezdxf.dxf"])
 
-    def windows(self, name):
-        """A program that holds windows against Qt's own and tells its figures itself."""
+    def program(self, name, *arguments):
+        """A program that tells its figures itself, with windows that nobody sees."""
         environment = {"QT_QPA_PLATFORM": "offscreen", **os.environ}
-        run = subprocess.run([self.programs / name], env=environment, check=False)
+        run = subprocess.run([self.programs / name, *arguments], env=environment, check=False)
         if run.returncode not in (0, 1):
             raise Failure(f"{name}: exit status {run.returncode}")
         self.report.missed |= run.returncode != 0
@@ -189,6 +189,10 @@ class Bench:
         self.report.at_least("switch with its trial and certificate against ezdxf without",
                              theirs.seconds / ours.seconds, 40)
 
+    def editor(self, size):
+        drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
+        self.program("editor_bench", self.database(drawing))
+
     def growth(self):
         seconds = []
         for count, terms in ((20000, 10000), (200000, 100000)):
@@ -226,13 +230,15 @@ def main():
     options = parser.parse_args()
     sizes = [int(size) for size in options.sizes.split(",")]
     bench = Bench(options.build.resolve())
-    bench.windows("list_view")
-    bench.windows("dialog_bench")
+    bench.program("list_view")
+    bench.program("dialog_bench")
     for size in sizes:
         bench.store(size)
     bench.translation(sizes[-1])
     bench.dictionary(sizes[-1])
+    bench.editor(sizes[-1])
     bench.growth()
+    bench.program("redefine_bench")
     bench.language_switch(400000)
     bench.many_pages()
     bench.painting(sizes[-1])

@@ -26,6 +26,8 @@ struct HostOptions {
     bool logToStderr = false;
     QString databaseUrl;  // empty: that of the settings
     OnMissing onMissingDatabase = OnMissing::Refuse;
+    // For locks of other programs on the database, and for its server to come back.
+    std::chrono::milliseconds databasePatience = kBusyTimeout;
     OdString applicationName = u"Kelvara Circuit";
     CMxMainWindowService* mainWindow = nullptr;    // null: a program without windows
     CMxMessageBoxService* messageBoxes = nullptr;  // null: messages go to stderr

@@ -12,13 +12,13 @@
 #include "tests/pictures/CutTexts.h"
 #include "tests/translator/dialogs/Projeto.h"
 #include "tests/translator/dialogs/Usuario.h"
+#include "translator/dialogs/ui/ControlesDosEditores.h"
 #include "translator/dialogs/ui/Mensagens.h"
 #include "translator/dialogs/ui/ModeloTradutorProj.h"
 
 namespace {
 
-constexpr int kAvancar = 12324;                             // of the wizard
-constexpr int kBotaoAdicionar = 219, kBotaoCancelar = 210;  // of the editors
+constexpr int kAvancar = 12324;  // of the wizard
 
 class Pictures {
   public:
@@ -92,17 +92,26 @@ void TranslationDialog(Projeto& project, Pictures& pictures) {
     user.Durante([&] { project.Executar("KVTRANSLATEPROJ"); });
 }
 
-void Editors(Projeto& project, Pictures& pictures, const char* filled) {
+void Sql(const Projeto& project, const char* statement) {
+    const QString url = "sqlite:" + project.Arquivo("dictionary.db");
+    host::SqlConnection(host::ParseDatabaseUrl(url), host::OnMissing::Refuse).Run(statement);
+}
+
+void DictionaryEditor(Projeto& project, Pictures& pictures, const std::string& state) {
     Usuario user;
     user.Entao([&](CWnd& dialog) {
-        pictures.Save(dialog, (std::string("dictionary-") + filled).c_str());
+        pictures.Save(dialog, ("dictionary-" + state).c_str());
         Clicar(dialog, kBotaoAdicionar);
-        pictures.Save(dialog, (std::string("dictionary-new-row-") + filled).c_str());
+        pictures.Save(dialog, ("dictionary-new-row-" + state).c_str());
         Clicar(dialog, kBotaoCancelar);
     });
     user.Durante([&] { project.Executar("KVTRANSLATEEDITDIC"); });
+}
+
+void LanguageEditor(Projeto& project, Pictures& pictures, const std::string& state) {
+    Usuario user;
     user.Entao([&](CWnd& dialog) {
-        pictures.Save(dialog, (std::string("languages-") + filled).c_str());
+        pictures.Save(dialog, ("languages-" + state).c_str());
         Clicar(dialog, kBotaoCancelar);
     });
     user.Durante([&] { project.Executar("KVCFGTRADELANG"); });
@@ -128,7 +137,12 @@ int main(int argc, char** argv) {
     Pictures pictures(argv[1]);
     Projeto project("block_pages.dxf", QString(argv[2]).toInt());
     TranslationDialog(project, pictures);
-    Editors(project, pictures, "filled");
+    DictionaryEditor(project, pictures, "filled");
+    LanguageEditor(project, pictures, "filled");
     Lists(pictures);
+    Sql(project, "DELETE FROM BDTRANSLATOR");
+    DictionaryEditor(project, pictures, "empty");
+    Sql(project, "DELETE FROM BDLANGUAGE");
+    LanguageEditor(project, pictures, "empty");
     return pictures.complete && !testing::Test::HasFailure() ? 0 : 1;
 }

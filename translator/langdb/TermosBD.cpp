@@ -15,6 +15,16 @@ using structIdioma = IBDIdiomas::structIdioma;
 
 bool EstaEmUso(const structIdioma& idioma) { return idioma.use == u"1"; }
 
+// Binds the next texts of a term. Where there are too few the statement fails, and without
+// languages (which could not be read) it does too, with whatever is bound: then all are, since the
+// log of the failure tells what was bound.
+void LigarTextos(QSqlQuery& consulta, const std::vector<TQString>& textos, size_t quantos) {
+    if (quantos == 0) quantos = textos.size();
+    for (size_t i = 0; i < quantos && i < textos.size(); ++i) {
+        consulta.addBindValue(QString(textos[i]));
+    }
+}
+
 }  // namespace
 
 std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
@@ -77,17 +87,16 @@ void IBDIdiomas::UpdateTerm(structTermo& termo) {
 
         QSqlQuery Prepare(QSqlDatabase banco) const override {
             QString texto = "update BDTRANSLATOR SET ";
-            std::vector<QString> valores;
+            size_t usados = 0;
             for (const structIdioma& idioma : idiomas) {
                 if (!idioma.use.EqualsNoCase(u"1")) continue;
-                if (!valores.empty()) texto += " , ";
+                if (usados++ > 0) texto += " , ";
                 texto += " LANGUAGE" + QString(idioma.key) + " = ? ";
-                valores.push_back(traducoes.at(valores.size()));
             }
             texto += " where TRANS_KEY = ?";
             QSqlQuery consulta(banco);
             consulta.prepare(texto);
-            for (const QString& valor : valores) consulta.addBindValue(valor);
+            LigarTextos(consulta, traducoes, usados);
             consulta.addBindValue(chave);
             return consulta;
         }
@@ -118,10 +127,14 @@ void IBDIdiomas::InsertTerm(structTermo& termo) {
             consulta.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR ( %1 ) VALUES ( %2 )")
                                  .arg(colunas.join(","))
                                  .arg(marcas.join(",")));
-            size_t proxima = 0;
+            if (idiomas.empty()) LigarTextos(consulta, traducoes, 0);
+            size_t proximo = 0;
             for (const structIdioma& idioma : idiomas) {
-                const bool usada = idioma.use.EqualsNoCase(u"1");
-                consulta.addBindValue(usada ? QString(traducoes.at(proxima++)) : QString(""));
+                const bool usado = idioma.use.EqualsNoCase(u"1");
+                if (!usado) consulta.addBindValue(QString(""));
+                if (usado && proximo < traducoes.size()) {
+                    consulta.addBindValue(QString(traducoes[proximo++]));
+                }
             }
             return consulta;
         }
