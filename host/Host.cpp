@@ -26,7 +26,8 @@ Host::Host(HostOptions given)
       runner(commands, documents,
              [this] {
                  if (database) database->Commit();
-             }),
+             },
+             options.explain),
       modules([](const OdString& line) { electricalLog(line.text(), nullptr); }) {
     if (GetMxSystemServices()) throw Error("host: there is one already in this program");
     try {
@@ -80,6 +81,7 @@ void Host::WriteLog(const CMxString& line, const CMxDocument* document) {
 void Host::PrepareDocument(Document& document) {
     if (options.colorPicker) document.SetColorPicker(*options.colorPicker);
     InstallNatives(document, options.choosePages, settings.NetworkFolder().toStdU16String());
+    InstallCommandNative(document, runner);
 }
 
 }  // namespace host

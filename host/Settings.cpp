@@ -61,6 +61,10 @@ QStringList Settings::DwgConverter() const { return store.value("dwg/converter")
 
 void Settings::SetDwgConverter(const QStringList& arguments) { Set("dwg/converter", arguments); }
 
+QStringList Settings::RecentFiles() const { return store.value("files/recent").toStringList(); }
+
+void Settings::SetRecentFiles(const QStringList& files) { Set("files/recent", files); }
+
 QString Settings::DatabaseUrl() const {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const QString standard = QLatin1String("sqlite:") + folder + "/kelvara/dictionary.sqlite";

@@ -27,6 +27,9 @@ class Settings {
     QStringList DwgConverter() const;  // program and arguments, {in} and {out} among them
     void SetDwgConverter(const QStringList& arguments);
 
+    QStringList RecentFiles() const;  // native paths, the latest first
+    void SetRecentFiles(const QStringList& files);
+
     // As ParseDatabaseUrl takes it: the one that is set, else a file in the user's folder for data.
     QString DatabaseUrl() const;
     void SetDatabaseUrl(const QString& url);

@@ -39,6 +39,8 @@ void OdDbDatabase::writeFile(const std::string& nativePath, bool force,
     try {
         core->store.Save(nativePath, force, verify);
         if (nativePath != "-") core->store.MarkSaved();
+    } catch (const dxf::FileChanged& error) {
+        throw OdError(eFileChanged, textOf(error));
     } catch (const dxf::Error& error) {
         throw OdError(eFileWriteError, textOf(error));
     }

@@ -163,10 +163,10 @@ void Store::Save(const std::string& nativePath, bool force, const Verify& verify
     const bool exists = IdentifyFile(nativePath, now);
     const std::optional<FileIdentity> known = exists ? Met(nativePath) : std::nullopt;
     if (known && !force && !(now == *known))
-        throw Error(nativePath +
-                    ": the file changed on disk since it was read or saved; nothing was changed. "
-                    "Save under "
-                    "another name, or say that it may be overwritten");
+        throw FileChanged(
+            nativePath +
+            ": the file changed on disk since it was read or saved; nothing was changed. "
+            "Save under another name, or say that it may be overwritten");
     ReplaceFile(nativePath, flattened.Pieces(), verify);
     impl->Meet(nativePath);
 }
