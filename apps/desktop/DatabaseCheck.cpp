@@ -36,9 +36,8 @@ void DatabaseCheck::Start() {
     button->setEnabled(false);
     result->setText(Say("Connecting…"));
     const auto told = std::make_shared<QString>();
-    QThread* const thread = QThread::create([address = url(), told] {
-        *told = TryDictionary(address);
-    });
+    QThread* const thread =
+        QThread::create([address = url(), told] { *told = TryDictionary(address); });
     connect(thread, &QThread::finished, this, [this, told] {
         result->setText(*told);
         button->setEnabled(true);

@@ -12,8 +12,6 @@ namespace desktop {
 // Tries on a thread of its own, since a server may take its time to be out of reach. Creates and
 // changes nothing.
 class DatabaseCheck : public QWidget {
-    Q_OBJECT
-
   public:
     explicit DatabaseCheck(std::function<QString()> url, QWidget* parent = nullptr);
 

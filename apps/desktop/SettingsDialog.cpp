@@ -114,8 +114,9 @@ QWidget* SettingsDialog::DictionaryBox() {
     auto* label = new QLabel(Say("&Address:"));
     label->setBuddy(databaseUrl);
     form->addRow(label, row);
-    form->addRow(Note(Say("sqlite:FILE, or postgresql://USER@SERVER/NAME for a team. Another "
-                          "dictionary is used after a restart.")));
+    form->addRow(
+        Note(Say("sqlite:FILE, or postgresql://USER@SERVER/NAME for a team. Another "
+                 "dictionary is used after a restart.")));
     form->addRow(new DatabaseCheck([this] { return databaseUrl->text().trimmed(); }));
     return box;
 }
@@ -137,8 +138,9 @@ QWidget* SettingsDialog::FilesBox() {
     form->addRow(Say("&Code page of the exchange file:"), codePage);
     converter->setPlaceholderText(Say("PROGRAM {in} {out}"));
     form->addRow(Say("Con&verter for DWG:"), converter);
-    form->addRow(Note(Say("A program that reads the DWG file {in} and writes the DXF file {out}. "
-                          "Empty: DWG files are not opened.")));
+    form->addRow(
+        Note(Say("A program that reads the DWG file {in} and writes the DXF file {out}. "
+                 "Empty: DWG files are not opened.")));
     QPushButton* browse = BrowseButton("browseFolder");
     connect(browse, &QPushButton::clicked, this, &SettingsDialog::BrowseFolder);
     auto* label = new QLabel(Say("&Network folder:"));
@@ -170,9 +172,9 @@ QWidget* SettingsDialog::RecentBox() {
 }
 
 void SettingsDialog::BrowseDictionary() {
-    const QString file = QFileDialog::getSaveFileName(
-        this, Say("Dictionary"), QString(), Say("Dictionaries (*.sqlite);;All files (*)"), nullptr,
-        QFileDialog::DontConfirmOverwrite);
+    const QString file = QFileDialog::getSaveFileName(this, Say("Dictionary"), QString(),
+                                                      Say("Dictionaries (*.sqlite);;All files (*)"),
+                                                      nullptr, QFileDialog::DontConfirmOverwrite);
     if (!file.isEmpty()) databaseUrl->setText("sqlite:" + file);
 }
 

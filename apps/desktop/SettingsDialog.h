@@ -15,8 +15,6 @@ namespace desktop {
 // Nothing is stored before OK, and nothing at all while a field holds what cannot be used: the form
 // then says so and stays.
 class SettingsDialog : public QDialog {
-    Q_OBJECT
-
   public:
     explicit SettingsDialog(host::Settings& settings, QWidget* parent = nullptr);
 
