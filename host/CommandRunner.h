@@ -26,8 +26,8 @@ using Explain = std::function<std::u16string(std::exception_ptr failure)>;
 class CommandRunner {
   public:
     // atEnd runs after every command, whatever its outcome, before the reactors are told.
-    CommandRunner(CommandManager& commands, DocumentManager& documents,
-                  std::function<void()> atEnd, Explain explain = {});
+    CommandRunner(CommandManager& commands, DocumentManager& documents, std::function<void()> atEnd,
+                  Explain explain = {});
 
     CommandOutcome Run(const OdString& name);
 

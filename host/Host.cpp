@@ -23,11 +23,12 @@ Host::Host(HostOptions given)
       messageBoxes(options.messageBoxes ? options.messageBoxes : &consoleMessageBoxes),
       documents(options.commandLine, [this](Document& document) { PrepareDocument(document); }),
       projects(documents, settings),
-      runner(commands, documents,
-             [this] {
-                 if (database) database->Commit();
-             },
-             options.explain),
+      runner(
+          commands, documents,
+          [this] {
+              if (database) database->Commit();
+          },
+          options.explain),
       modules([](const OdString& line) { electricalLog(line.text(), nullptr); }) {
     if (GetMxSystemServices()) throw Error("host: there is one already in this program");
     try {

@@ -24,8 +24,8 @@ using PageChooser =
 void InstallNatives(Document& document, const PageChooser& choosePages,
                     const std::u16string& networkFolder);
 
-// (command NAME ...) runs commands one behind the other; one that fails ends the program that called
-// it, once its failure has been reported.
+// (command NAME ...) runs commands one behind the other; one that fails ends the program that
+// called it, once its failure has been reported.
 void InstallCommandNative(Document& document, CommandRunner& runner);
 
 }  // namespace host

@@ -29,8 +29,8 @@ class DrawingView : public QWidget {
     void Pan(QPoint by);
     const QTransform& Map() const { return map; }  // drawing units to pixels of the device
 
-    std::function<void(QPointF)> onMove;    // drawing units under the mouse
-    std::function<void(uint64_t)> onPick;   // handle of the entity that was clicked, 0 for none
+    std::function<void(QPointF)> onMove;   // drawing units under the mouse
+    std::function<void(uint64_t)> onPick;  // handle of the entity that was clicked, 0 for none
 
     QSize sizeHint() const override { return {900, 600}; }
 
@@ -56,11 +56,11 @@ class DrawingView : public QWidget {
 
     std::shared_ptr<const painter::DisplayList> list;
     QTransform map;
-    bool fitted = true;      // the user has not moved it: a new size fits it again
-    QImage picture;          // null: out of date as a whole
-    QTransform pictureMap;   // that it was painted with
-    qint64 lastDuration = 0; // of painting the whole, in milliseconds
-    QTimer settle;           // the stretched picture is to be painted
+    bool fitted = true;       // the user has not moved it: a new size fits it again
+    QImage picture;           // null: out of date as a whole
+    QTransform pictureMap;    // that it was painted with
+    qint64 lastDuration = 0;  // of painting the whole, in milliseconds
+    QTimer settle;            // the stretched picture is to be painted
     QPoint dragFrom;
     bool dragged = false;
 };

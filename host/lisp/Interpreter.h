@@ -43,8 +43,8 @@ class Interpreter {
     // operation for other threads; also safe in a signal handler.
     void Interrupt() noexcept { interrupted_.store(true, std::memory_order_relaxed); }
 
-    // Called now and then while a program runs, on its thread: a program with windows lives on in it.
-    // It may call Interrupt, and must not throw.
+    // Called now and then while a program runs, on its thread: a program with windows lives on in
+    // it. It may call Interrupt, and must not throw.
     void SetWatch(std::function<void()> watch);
 
     // Everything that has a value, in no order.
