@@ -15,17 +15,25 @@ namespace {
 
 using Context = OdStaticRxObject<CMxCommandContext>;
 
-// Runs work and gives the text of what it raises, empty after success.
-std::u16string FailureOf(const std::function<void()>& work) {
+std::u16string LineOf(const std::exception_ptr& failure) {
     try {
-        work();
-        return {};
+        std::rethrow_exception(failure);
     } catch (const OdError& error) {
         return error.description().text();
     } catch (const std::exception& error) {
         return text::WideFromNarrow(error.what());
     } catch (...) {
         return u"unknown exception";
+    }
+}
+
+// Runs work and gives what it raises, null after success.
+std::exception_ptr FailureOf(const std::function<void()>& work) {
+    try {
+        work();
+        return nullptr;
+    } catch (...) {
+        return std::current_exception();
     }
 }
 
@@ -39,8 +47,11 @@ void ShowToUser(const std::u16string& line) {
 }  // namespace
 
 CommandRunner::CommandRunner(CommandManager& commands, DocumentManager& documents,
-                             std::function<void()> atEnd)
-    : commands(commands), documents(documents), atEnd(std::move(atEnd)) {}
+                             std::function<void()> atEnd, Explain explain)
+    : commands(commands),
+      documents(documents),
+      atEnd(std::move(atEnd)),
+      explain(std::move(explain)) {}
 
 CommandOutcome CommandRunner::Run(const OdString& name) {
     Document* document = documents.Active();
@@ -51,36 +62,43 @@ CommandOutcome CommandRunner::Run(const OdString& name) {
     CommandOutcome outcome;
     outcome.failure = u"unknown command " + name.text();
     Context context(document);
-    const std::u16string raised =
-        FailureOf([&] { odedRegCmds()->fireUnknownCommand(name, &context); });
-    if (!raised.empty()) electricalLog(name.text() + u" : " + raised, document);
+    const auto raised = FailureOf([&] { odedRegCmds()->fireUnknownCommand(name, &context); });
+    if (raised) electricalLog(name.text() + u" : " + LineOf(raised), document);
     ShowToUser(outcome.failure);
     return outcome;
+}
+
+std::u16string CommandRunner::Attempt(CommandOutcome& outcome,
+                                      const std::function<void()>& work) const {
+    const std::exception_ptr failure = FailureOf(work);
+    outcome.done = !failure;
+    if (!failure) return {};
+    outcome.failure = LineOf(failure);
+    return explain ? explain(failure) : std::u16string();
 }
 
 CommandOutcome CommandRunner::RunGuarded(CKVCommand& command, Document* document) {
     const OdString name = command.GetName();
     Context context(document);
     CommandOutcome outcome;
-    outcome.failure = FailureOf([&] {
+    const std::u16string explanation = Attempt(outcome, [&] {
         odedRegCmds()->fireCommandWillStart(name, &context);
         OdDbDatabase* drawing = document ? document->GetDwgDatabase() : nullptr;
         RunRecorded(command, context, drawing);
     });
-    outcome.done = outcome.failure.empty();
     if (atEnd) atEnd();
 
     // The command may have closed its document.
     if (!documents.IsOpen(document)) document = nullptr;
     Context after(document);
-    if (!outcome.done) Report(name, outcome.failure, document);
-    const std::u16string raised = FailureOf([&] {
+    if (!outcome.done) Report(name, outcome.failure, explanation, document);
+    const auto raised = FailureOf([&] {
         if (outcome.done)
             odedRegCmds()->fireCommandEnded(name, &after);
         else
             odedRegCmds()->fireCommandFailed(name, &after);
     });
-    if (!raised.empty()) Report(name, raised, document);
+    if (raised) Report(name, LineOf(raised), {}, document);
     return outcome;
 }
 
@@ -103,10 +121,10 @@ void CommandRunner::RunRecorded(CKVCommand& command, CMxCommandContext& context,
 }
 
 void CommandRunner::Report(const OdString& name, const std::u16string& failure,
-                           const CMxDocument* document) {
+                           const std::u16string& explanation, const CMxDocument* document) {
     const std::u16string line = name.text() + u" : " + failure;
     electricalLog(line, document);
-    ShowToUser(line);
+    ShowToUser(explanation.empty() ? line : explanation);
 }
 
 }  // namespace host

@@ -23,10 +23,12 @@ Host::Host(HostOptions given)
       messageBoxes(options.messageBoxes ? options.messageBoxes : &consoleMessageBoxes),
       documents(options.commandLine, [this](Document& document) { PrepareDocument(document); }),
       projects(documents, settings),
-      runner(commands, documents,
-             [this] {
-                 if (database) database->Commit();
-             }),
+      runner(
+          commands, documents,
+          [this] {
+              if (database) database->Commit();
+          },
+          options.explain),
       modules([](const OdString& line) { electricalLog(line.text(), nullptr); }) {
     if (GetMxSystemServices()) throw Error("host: there is one already in this program");
     try {
@@ -81,6 +83,7 @@ void Host::WriteLog(const CMxString& line, const CMxDocument* document) {
 void Host::PrepareDocument(Document& document) {
     if (options.colorPicker) document.SetColorPicker(*options.colorPicker);
     InstallNatives(document, options.choosePages, settings.NetworkFolder().toStdU16String());
+    InstallCommandNative(document, runner);
 }
 
 }  // namespace host

@@ -33,6 +33,7 @@ struct HostOptions {
     CMxMessageBoxService* messageBoxes = nullptr;  // null: messages go to stderr
     CMxColorPicker* colorPicker = nullptr;         // null: every choice of a colour is cancelled
     PageChooser choosePages;
+    Explain explain;       // of failed commands; empty: the user gets their own lines
     TextSink commandLine;  // what LISP programs and PrintText print; empty: it is dropped
 };
 

@@ -1,6 +1,7 @@
 // Native functions of the interpreter.
 #include "host/Natives.h"
 
+#include "host/CommandRunner.h"
 #include "host/lisp/Interpreter.h"
 
 namespace host {
@@ -56,6 +57,19 @@ void InstallNatives(Document& document, const PageChooser& choosePages,
     if (!networkFolder.empty()) {
         lisp.Set(u"*DIRETORIO_REDE*", lisp::Value::String(networkFolder));
     }
+}
+
+void InstallCommandNative(Document& document, CommandRunner& runner) {
+    const auto run = [&runner](lisp::Interpreter& lisp, std::span<const lisp::Value> names) {
+        for (const lisp::Value& name : names) {
+            if (!name.Is(lisp::Kind::String))
+                throw lisp::Error(u"command: not the name of a command: " + lisp.Print(name));
+            const CommandOutcome outcome = runner.Run(name.AsString());
+            if (!outcome.done) throw lisp::Error(name.AsString() + u" : " + outcome.failure);
+        }
+        return lisp::Value();
+    };
+    document.Lisp().Interpreter().Define(u"command", run, 1);
 }
 
 }  // namespace host

@@ -10,6 +10,8 @@
 
 namespace host {
 
+class CommandRunner;
+
 // Asks the user which pages to work on: their names, or nothing when the user cancelled.
 using PageChooser =
     std::function<std::optional<std::vector<std::u16string>>(Document&, const std::vector<Page>&)>;
@@ -21,5 +23,9 @@ using PageChooser =
 // "*DIRETORIO_REDE*"    the network folder, unset when there is none
 void InstallNatives(Document& document, const PageChooser& choosePages,
                     const std::u16string& networkFolder);
+
+// (command NAME ...) runs commands one behind the other; one that fails ends the program that
+// called it, once its failure has been reported.
+void InstallCommandNative(Document& document, CommandRunner& runner);
 
 }  // namespace host

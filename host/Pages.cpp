@@ -1,6 +1,10 @@
 // Reading the layers and the title blocks of a drawing.
 #include "host/Pages.h"
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+
 #include "platform/drawing/DbAttribute.h"
 #include "platform/drawing/DbBlockReference.h"
 #include "platform/drawing/DbBlockTableRecord.h"
@@ -43,6 +47,17 @@ std::u16string TitleOnLayer(OdDbBlockTableRecord& space, const std::u16string& l
 bool IsPageLayer(std::u16string_view layer) {
     const OdString name{std::u16string(layer)};
     return layer != u"0" && name.iCompare(u"tq_freeze") != 0;
+}
+
+std::vector<Page> WholePages(const std::vector<Page>& pages) {
+    std::set<std::u16string> parts;
+    for (const Page& page : pages) {
+        for (const char16_t* part : {u"$SELO", u"$FORMATO", u"$DE"}) parts.insert(page.name + part);
+    }
+    std::vector<Page> whole;
+    std::copy_if(pages.begin(), pages.end(), std::back_inserter(whole),
+                 [&](const Page& page) { return !parts.contains(page.name); });
+    return whole;
 }
 
 void PageTable::Refresh(OdDbDatabase* drawing) {

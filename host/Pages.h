@@ -16,6 +16,10 @@ struct Page {
 // A page is a layer. Never pages: "0" and, in any case, "tq_freeze".
 bool IsPageLayer(std::u16string_view layer);
 
+// Without the layers PAGE$SELO, PAGE$FORMATO and PAGE$DE of the pages that are there: commands take
+// them along with their page.
+std::vector<Page> WholePages(const std::vector<Page>& pages);
+
 // What the host has read of the pages of one drawing, until it is asked to read again.
 class PageTable {
   public:

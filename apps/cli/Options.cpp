@@ -38,6 +38,8 @@ CommandLine::CommandLine()
     });
     app.add_flag("-q,--quiet", general.quiet, "No messages and no progress");
     app.add_flag("-v,--verbose", general.verbose, "More messages, and the log of the host");
+    app.add_flag("--progress", general.progress,
+                 "The progress bar also where stderr is no terminal, for a program that reads it");
     app.add_flag("--json", general.json, "Print tables and reports as JSON");
     app.add_option("--database", general.database,
                    "The dictionary, sqlite:FILE or postgresql://USER@HOST/NAME (default: "

@@ -13,7 +13,8 @@ struct GeneralOptions {
     bool quiet = false;
     bool verbose = false;
     bool json = false;
-    std::string database;  // URL; empty for the default
+    bool progress = false;  // the bar also where stderr is no terminal
+    std::string database;   // URL; empty for the default
 };
 
 // Which texts of a drawing a command works on.

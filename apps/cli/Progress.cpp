@@ -19,7 +19,8 @@ constexpr int kBarWidth = 40;
 }  // namespace
 
 Progress::Progress(const GeneralOptions& options)
-    : shows(!options.quiet && isatty(STDERR_FILENO) != 0), tells(options.verbose) {}
+    : shows(!options.quiet && (options.progress || isatty(STDERR_FILENO) != 0)),
+      tells(options.verbose) {}
 
 Progress::~Progress() { End(); }
 

@@ -8,8 +8,9 @@
 
 namespace cli {
 
-// Draws nothing unless stderr is a terminal and the work has taken over a second. With --verbose
-// the duration of each phase, and the peak of the memory up to its end, are told.
+// Draws nothing unless stderr is a terminal (or --progress asks for it) and the work has taken over
+// a second. With --verbose the duration of each phase, and the peak of the memory up to its end,
+// are told.
 class Progress {
   public:
     explicit Progress(const GeneralOptions& options);

@@ -94,6 +94,16 @@ void Interpreter::DefineSpecial(std::u16string_view name,
     Set(name, Value(Kind::Special, node.release()));
 }
 
+void Interpreter::SetWatch(std::function<void()> watch) { watch_ = std::move(watch); }
+
+std::vector<std::u16string> Interpreter::Names() const {
+    std::vector<std::u16string> names;
+    for (const Slot& slot : slots_) {
+        if (!slot.value.IsNil()) names.push_back(slot.symbol.SymbolName());
+    }
+    return names;
+}
+
 void Interpreter::SetOutput(std::function<void(std::u16string_view)> sink) {
     output_ = std::move(sink);
 }
@@ -167,6 +177,8 @@ void Interpreter::Assign(const Value& symbol, Value value) {
 }
 
 void Interpreter::CheckInterrupt() const {
+    constexpr unsigned kStepsBetweenLooks = 4096;
+    if (++steps_ % kStepsBetweenLooks == 0 && watch_) watch_();
     if (interrupted_.load(std::memory_order_relaxed)) throw Error(u"interrupted");
 }
 

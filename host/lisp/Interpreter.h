@@ -43,6 +43,13 @@ class Interpreter {
     // operation for other threads; also safe in a signal handler.
     void Interrupt() noexcept { interrupted_.store(true, std::memory_order_relaxed); }
 
+    // Called now and then while a program runs, on its thread: a program with windows lives on in
+    // it. It may call Interrupt, and must not throw.
+    void SetWatch(std::function<void()> watch);
+
+    // Everything that has a value, in no order.
+    std::vector<std::u16string> Names() const;
+
     // Takes what a program prints. Without a sink the text is dropped.
     void SetOutput(std::function<void(std::u16string_view)> sink);
 
@@ -93,6 +100,8 @@ class Interpreter {
     std::vector<Slot> slots_;
     Value true_;
     std::function<void(std::u16string_view)> output_;
+    std::function<void()> watch_;
+    mutable unsigned steps_ = 0;
     std::atomic<bool> interrupted_ = false;
     bool running_ = false;
     std::uintptr_t lowestFrame_ = 0;  // evaluation goes no deeper than this address

@@ -39,6 +39,8 @@ void OdDbDatabase::writeFile(const std::string& nativePath, bool force,
     try {
         core->store.Save(nativePath, force, verify);
         if (nativePath != "-") core->store.MarkSaved();
+    } catch (const dxf::FileChanged& error) {
+        throw OdError(eFileChanged, textOf(error));
     } catch (const dxf::Error& error) {
         throw OdError(eFileWriteError, textOf(error));
     }
@@ -77,6 +79,11 @@ bool OdDbDatabase::isReadOnly() const { return core->store.ReadOnly(); }
 bool OdDbDatabase::isModified() const {
     core->flush();
     return core->store.Modified();
+}
+
+void OdDbDatabase::standFor(const std::string& nativePath,
+                            const std::optional<dxf::FileIdentity>& met) {
+    core->store.StandFor(nativePath, met);
 }
 
 bool OdDbDatabase::hasDictionaries() const {

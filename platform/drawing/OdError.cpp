@@ -33,6 +33,7 @@ const ResultText kResults[] = {
     {eReadOnlyDrawing, u"eReadOnlyDrawing", u"the drawing can be read but not safely edited"},
     {eFileReadError, u"eFileReadError", u"the drawing cannot be read"},
     {eFileWriteError, u"eFileWriteError", u"the drawing cannot be written"},
+    {eFileChanged, u"eFileChanged", u"the file changed on disk since it was read or saved"},
 };
 
 const ResultText& textOf(OdResult result) {
@@ -40,6 +41,11 @@ const ResultText& textOf(OdResult result) {
         if (row.result == result) return row;
     }
     return kResults[1];
+}
+
+uint64_t handleOf(const OdRxObject* object) {
+    OdDbObjectPtr inDrawing = OdDbObject::cast(object);
+    return inDrawing.isNull() ? 0 : uint64_t{inDrawing->getDbHandle()};
 }
 
 OdString nameObject(const OdRxObject* object) {
@@ -58,6 +64,7 @@ OdError::OdError(OdResult result) : OdError(result, textOf(result).text) {}
 OdError_NotThatKindOfClass::OdError_NotThatKindOfClass(const OdRxObject* object,
                                                        const OdRxClass* expected)
     : OdError(eNotThatKindOfClass, nameObject(object) + u" is not an " + expected->name()),
+      number(handleOf(object)),
       found(object->isA()),
       expected(expected) {}
 

@@ -32,8 +32,10 @@ class OdError_NotThatKindOfClass : public OdError {
 
     const OdRxClass* fromClass() const { return found; }
     const OdRxClass* toClass() const { return expected; }
+    uint64_t handle() const { return number; }  // of the object; 0 when it stands in no drawing
 
   private:
+    uint64_t number;
     const OdRxClass* found;
     const OdRxClass* expected;
 };

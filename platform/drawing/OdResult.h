@@ -22,6 +22,7 @@ enum OdResult {
     eReadOnlyDrawing,          // the file can be read but not safely edited
     eFileReadError,
     eFileWriteError,
+    eFileChanged,  // not written: the file on disk is no longer the one that was read or saved
 };
 
 // "eOk", "eStringTooLong", ...

@@ -18,6 +18,12 @@ class Error : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// A file that is not overwritten because it is no longer the one that was read or saved.
+class FileChanged : public Error {
+  public:
+    using Error::Error;
+};
+
 enum class ValueKind : uint8_t { String, Double, Int16, Int32, Int64, Bool, Binary };
 ValueKind KindOfCode(int code);  // by the code ranges of the DXF reference
 

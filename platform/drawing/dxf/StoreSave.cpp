@@ -97,7 +97,7 @@ std::string Store::Impl::HeaderWithSeed(uint64_t seed) const {
 }
 
 bool Store::Modified() const {
-    bool modified = false;
+    bool modified = impl->neverSaved;
     impl->edits.ForEach([&](RecordIndex number, const Edit& edit) {
         const bool erased = At(number).flags & kErased;
         const bool same = erased || edit.overlay.SharesWith(edit.savedOverlay);
@@ -109,6 +109,7 @@ bool Store::Modified() const {
 }
 
 void Store::MarkSaved() {
+    impl->neverSaved = false;
     impl->edits.ForEach([&](RecordIndex number, const Edit&) {
         Edit& edit = impl->edits.Of(number);
         edit.savedOverlay = edit.overlay;
@@ -126,12 +127,33 @@ std::string Store::ToBytes() const {
     return bytes;
 }
 
+namespace {
+
+// Under which a file is remembered: the same for all the ways to write its name. Empty when there
+// is no such file.
+std::string MetName(const std::string& nativePath) {
+    std::error_code failed;
+    return std::filesystem::canonical(nativePath, failed).string();
+}
+
+}  // namespace
+
+std::optional<FileIdentity> Store::Met(const std::string& nativePath) const {
+    const auto known = impl->filesMet.find(MetName(nativePath));
+    return known == impl->filesMet.end() ? std::nullopt : std::optional(known->second);
+}
+
+void Store::StandFor(const std::string& nativePath, const std::optional<FileIdentity>& met) {
+    impl->neverSaved = true;
+    const std::string name = MetName(nativePath);
+    if (met && !name.empty()) impl->filesMet[name] = *met;
+}
+
 // What cannot be found or looked at any more is met again as a file of somebody else.
 void Store::Impl::Meet(const std::string& nativePath) {
-    std::error_code failed;
-    const std::string met = std::filesystem::canonical(nativePath, failed);
+    const std::string met = MetName(nativePath);
     FileIdentity identity;
-    if (!failed && IdentifyFile(met, identity)) filesMet[met] = identity;
+    if (!met.empty() && IdentifyFile(met, identity)) filesMet[met] = identity;
 }
 
 void Store::Save(const std::string& nativePath, bool force, const Verify& verify) {
@@ -139,14 +161,12 @@ void Store::Save(const std::string& nativePath, bool force, const Verify& verify
     if (nativePath == "-") return WriteToStandardOutput(flattened.Pieces(), verify);
     FileIdentity now;
     const bool exists = IdentifyFile(nativePath, now);
-    std::error_code failed;
-    const auto known = exists ? impl->filesMet.find(std::filesystem::canonical(nativePath, failed))
-                              : impl->filesMet.end();
-    if (known != impl->filesMet.end() && !force && !(now == known->second))
-        throw Error(nativePath +
-                    ": the file changed on disk since it was read or saved; nothing was changed. "
-                    "Save under "
-                    "another name, or say that it may be overwritten");
+    const std::optional<FileIdentity> known = exists ? Met(nativePath) : std::nullopt;
+    if (known && !force && !(now == *known))
+        throw FileChanged(
+            nativePath +
+            ": the file changed on disk since it was read or saved; nothing was changed. "
+            "Save under another name, or say that it may be overwritten");
     ReplaceFile(nativePath, flattened.Pieces(), verify);
     impl->Meet(nativePath);
 }

@@ -33,6 +33,7 @@ struct Store::Impl {
     std::unique_ptr<TextCodec> codec;
     Version version = Version::R12;
     bool readOnly = false;
+    bool neverSaved = false;  // a copy of work that its own file lacks
     RecordIndex fileCount = 0;
     uint64_t firstNewHandle = 1, nextHandle = 1;
 

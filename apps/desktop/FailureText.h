@@ -1,0 +1,20 @@
+// What the user is told of a failure.
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace host {
+class Document;
+}
+
+namespace desktop {
+
+// The failure's own line, whatever was thrown.
+std::u16string PlainFailureText(const std::exception_ptr& failure);
+
+// For failures that have a way around: where they came from and what helps, in the user's language.
+// Empty for all others.
+std::u16string FailureText(const std::exception_ptr& failure, host::Document* document);
+
+}  // namespace desktop

@@ -1,0 +1,24 @@
+// Reading a drawing while the window lives on.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "apps/painter/DisplayList.h"
+#include "platform/drawing/DbDatabase.h"
+
+class QWidget;
+
+namespace desktop {
+
+struct LoadedDrawing {
+    OdDbDatabasePtr drawing;
+    std::shared_ptr<const painter::DisplayList> list;  // of the whole model space
+};
+
+// Large files are read on a second thread behind a bar that can be cancelled. Nothing when the user
+// did; raises OdError when the drawing cannot be read.
+std::optional<LoadedDrawing> LoadDrawing(QWidget* window, const std::string& nativePath);
+
+}  // namespace desktop

@@ -1,0 +1,44 @@
+// The form of the user's settings.
+#pragma once
+
+#include <QDialog>
+
+#include "host/Settings.h"
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+
+namespace desktop {
+
+// Nothing is stored before OK, and nothing at all while a field holds what cannot be used: the form
+// then says so and stays.
+class SettingsDialog : public QDialog {
+  public:
+    explicit SettingsDialog(host::Settings& settings, QWidget* parent = nullptr);
+
+    void accept() override;
+
+  private:
+    QWidget* InterfaceBox();
+    QWidget* DictionaryBox();
+    QWidget* FilesBox();
+    QWidget* RecentBox();
+    void BrowseDictionary();
+    void BrowseFolder();
+    int CodePage() const;  // 0 when the field holds no number
+    QString Complaint() const;
+    void Store();
+
+    host::Settings& settings;  // not owned
+    QComboBox* language;
+    QComboBox* codePage;
+    QLineEdit* databaseUrl;
+    QLineEdit* converter;
+    QLineEdit* networkFolder;
+    QListWidget* recent;
+    QLabel* complaint;
+};
+
+}  // namespace desktop

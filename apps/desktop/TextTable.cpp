@@ -1,0 +1,165 @@
+// What the program says, in the order in which a user meets it.
+#include "apps/desktop/Texts.h"
+
+namespace desktop {
+
+const std::vector<TextRow>& AllTexts() {
+    static const std::vector<TextRow> table{
+        // Menu
+        {"&File", "&Datei", "&Arquivo"},
+        {"&Open…", "&Öffnen…", "&Abrir…"},
+        {"&Recent files", "&Zuletzt geöffnet", "Arquivos &recentes"},
+        {"&Save", "&Speichern", "&Salvar"},
+        {"Save &as…", "Speichern &unter…", "Salvar &como…"},
+        {"&Close", "S&chließen", "&Fechar"},
+        {"&Quit", "&Beenden", "Sai&r"},
+        {"&Edit", "&Bearbeiten", "&Editar"},
+        {"&Undo", "&Rückgängig", "&Desfazer"},
+        {"&Redo", "&Wiederholen", "&Refazer"},
+        {"Project &language…", "Projekt&sprache…", "&Idioma do projeto…"},
+        {"&View", "&Ansicht", "E&xibir"},
+        {"&Fit in window", "&Einpassen", "&Ajustar à janela"},
+        {"Zoom &in", "&Vergrößern", "A&mpliar"},
+        {"Zoom &out", "Ver&kleinern", "&Reduzir"},
+        {"&Command line", "&Befehlszeile", "&Linha de comando"},
+        {"&Translate", "Ü&bersetzen", "&Traduzir"},
+        {"&Translate project…", "Projekt ü&bersetzen…", "&Traduzir projeto…"},
+        {"&Switch language…", "&Sprache umschalten…", "Trocar &idioma…"},
+        {"Translate in &batch…", "Im &Stapel übersetzen…", "Traduzir em &lote…"},
+        {"Edit &dictionary…", "&Wörterbuch bearbeiten…", "Editar &dicionário…"},
+        {"Edit &languages…", "S&prachen bearbeiten…", "Editar i&diomas…"},
+        {"&Help", "&Hilfe", "Aj&uda"},
+        {"Show &log", "&Protokoll zeigen", "Mostrar &registro"},
+        {"&About", "Ü&ber", "&Sobre"},
+        {"Tools", "Werkzeuge", "Ferramentas"},
+        {"Translates the texts of electrical drawings, and changes nothing else.",
+         "Übersetzt die Texte von Elektroplänen und ändert sonst nichts.",
+         "Traduz os textos de desenhos elétricos e não altera mais nada."},
+
+        // Window
+        {"Drawing", "Zeichnung", "Desenho"},
+        {"Pages", "Seiten", "Páginas"},
+        {"Page", "Seite", "Página"},
+        {"Description", "Beschreibung", "Descrição"},
+        {"Whole drawing", "Ganze Zeichnung", "Desenho inteiro"},
+        {"Filter by name or description", "Nach Name oder Beschreibung filtern",
+         "Filtrar por nome ou descrição"},
+        {"Show the drawing", "Zeichnung zeigen", "Mostrar o desenho"},
+        {"%1 %2 on layer %3", "%1 %2 auf Layer %3", "%1 %2 na camada %3"},
+        {"Project language", "Projektsprache", "Idioma do projeto"},
+        {"Language not set", "Sprache nicht gesetzt", "Idioma não definido"},
+        {"Language %1", "Sprache %1", "Idioma %1"},
+
+        // Files
+        {"Drawings (*.dxf *.DXF *.dwg *.DWG)", "Zeichnungen (*.dxf *.DXF *.dwg *.DWG)",
+         "Desenhos (*.dxf *.DXF *.dwg *.DWG)"},
+        {"All files (*)", "Alle Dateien (*)", "Todos os arquivos (*)"},
+        {"Recent files", "Zuletzt geöffnet", "Arquivos recentes"},
+        {"Open %1", "%1 öffnen", "Abrir %1"},
+        {"Save %1", "%1 speichern", "Salvar %1"},
+        {"%1 saved", "%1 gespeichert", "%1 salvo"},
+        {"Reading %1…", "%1 wird gelesen…", "Lendo %1…"},
+        {"Preparing the view of %1…", "Ansicht von %1 wird vorbereitet…",
+         "Preparando a exibição de %1…"},
+        {"Save the changes to %1?", "Änderungen an %1 speichern?", "Salvar as alterações de %1?"},
+        {"Another program has changed the file meanwhile. Overwrite its changes?",
+         "Ein anderes Programm hat die Datei inzwischen geändert. Dessen Änderungen überschreiben?",
+         "Outro programa alterou o arquivo nesse meio-tempo. Sobrescrever as alterações dele?"},
+        {"%1 is there already. Replace it?", "%1 gibt es schon. Ersetzen?",
+         "%1 já existe. Substituir?"},
+
+        // Choosing pages
+        {"Choose pages", "Seiten auswählen", "Escolher páginas"},
+        {"&All", "&Alle", "&Todas"},
+        {"&None", "&Keine", "&Nenhuma"},
+        {"%1 of %2 chosen", "%1 von %2 gewählt", "%1 de %2 escolhidas"},
+
+        // Command line
+        {"Command line", "Befehlszeile", "Linha de comando"},
+        {"Output", "Ausgabe", "Saída"},
+        {"A command, or LISP in parentheses", "Ein Befehl, oder LISP in Klammern",
+         "Um comando, ou LISP entre parênteses"},
+        {"Interrupt", "Abbrechen", "Interromper"},
+        {"Open a drawing first.", "Zuerst eine Zeichnung öffnen.", "Abra um desenho primeiro."},
+        {"%1: not done", "%1: nicht ausgeführt", "%1: não executado"},
+        {"%1: not possible now", "%1: jetzt nicht möglich", "%1: não é possível agora"},
+        {"%1: unknown command", "%1: unbekannter Befehl", "%1: comando desconhecido"},
+
+        // Failures
+        {"Unexpected failure", "Unerwarteter Fehler", "Falha inesperada"},
+        {"The translation commands are not available.",
+         "Die Befehle zum Übersetzen stehen nicht zur Verfügung.",
+         "Os comandos de tradução não estão disponíveis."},
+        {"The page \"%1\" holds more than block references. The first other object is %2 %3%4."
+         "\n\nAttributes can only be read on pages of block references alone. Untick "
+         "\"%5\" in the dialog and read again, or take \"%6\" from the menu, which reads "
+         "such pages too.",
+         "Auf der Seite „%1“ stehen nicht nur Blockreferenzen. Das erste andere Objekt ist %2 %3%4."
+         "\n\nAttribute lassen sich nur auf Seiten lesen, auf denen nichts als Blockreferenzen "
+         "steht. Entfernen Sie im Dialog das Häkchen bei „%5“ und lesen Sie noch einmal, oder "
+         "wählen Sie im Menü „%6“, womit sich auch solche Seiten lesen lassen.",
+         "A página \"%1\" contém mais do que referências de bloco. O primeiro outro objeto é %2 "
+         "%3%4.\n\nOs atributos só podem ser lidos em páginas que contenham apenas referências de "
+         "bloco. Desmarque \"%5\" no diálogo e leia novamente, ou use \"%6\" no menu, que também "
+         "lê essas páginas."},
+
+        // Batch
+        {"The batch works on the saved file. Save %1 first?",
+         "Der Stapel arbeitet mit der gespeicherten Datei. %1 zuerst speichern?",
+         "O lote trabalha com o arquivo salvo. Salvar %1 primeiro?"},
+        {"&From:", "&Von:", "&De:"},
+        {"&To:", "&Nach:", "&Para:"},
+        {"&Pages:", "&Seiten:", "Pá&ginas:"},
+        {"All pages", "Alle Seiten", "Todas as páginas"},
+        {"%1 of %2 pages", "%1 von %2 Seiten", "%1 de %2 páginas"},
+        {"Search in:", "Suchen in:", "Buscar em:"},
+        {"Texts", "Texte", "Textos"},
+        {"Attributes", "Attribute", "Atributos"},
+        {"&New drawing:", "N&eue Zeichnung:", "&Novo desenho:"},
+        {"Choose a file", "Datei auswählen", "Escolher um arquivo"},
+        {"Record the translations in the drawing", "Übersetzungen in der Zeichnung aufzeichnen",
+         "Registrar as traduções no desenho"},
+        {"Open the result", "Ergebnis öffnen", "Abrir o resultado"},
+        {"Report", "Bericht", "Relatório"},
+        {"reading", "Lesen", "lendo"},
+        {"scanning and matching", "Suchen und Zuordnen", "buscando e associando"},
+        {"writing texts", "Texte schreiben", "gravando textos"},
+        {"saving", "Speichern", "salvando"},
+        {"certifying", "Prüfen", "certificando"},
+        {"Objects", "Objekte", "Objetos"},
+        {"Lines", "Zeilen", "Linhas"},
+        {"Translated", "Übersetzt", "Traduzidas"},
+        {"Not translated", "Nicht übersetzt", "Não traduzidas"},
+        {"Written", "Geschrieben", "Gravados"},
+        {"Not written: %1 %2 \"%3\": %4\n", "Nicht geschrieben: %1 %2 „%3“: %4\n",
+         "Não gravado: %1 %2 \"%3\": %4\n"},
+        {"Certificate: %1 texts changed, %2 other values changed",
+         "Zertifikat: %1 Texte geändert, %2 andere Werte geändert",
+         "Certificado: %1 textos alterados, %2 outros valores alterados"},
+        {"Choose another file than the drawing that is open.",
+         "Bitte eine andere Datei als die geöffnete Zeichnung wählen.",
+         "Escolha um arquivo diferente do desenho aberto."},
+        {"Cancelled; nothing was written.", "Abgebrochen; nichts wurde geschrieben.",
+         "Cancelado; nada foi gravado."},
+
+        // Colours
+        {"Color", "Farbe", "Cor"},
+        {"Colors", "Farben", "Cores"},
+        {"&Number:", "&Nummer:", "&Número:"},
+        {"By block", "Von Block", "Por bloco"},
+        {"By layer", "Von Layer", "Por camada"},
+
+        // Buttons of the toolkit
+        {"OK", "OK", "OK"},
+        {"Save", "Speichern", "Salvar"},
+        {"Discard", "Verwerfen", "Descartar"},
+        {"Cancel", "Abbrechen", "Cancelar"},
+        {"Close", "Schließen", "Fechar"},
+        {"&Yes", "&Ja", "&Sim"},
+        {"&No", "&Nein", "&Não"},
+        {"Open", "Öffnen", "Abrir"},
+    };
+    return table;
+}
+
+}  // namespace desktop
