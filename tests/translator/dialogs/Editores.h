@@ -29,7 +29,8 @@ using Linhas = std::vector<Linha>;
 // With the languages Português, English and Deutsch (1 to 3), all in use.
 class Dicionario {
   public:
-    Dicionario(Onde onde, std::initializer_list<Linha> termos);
+    Dicionario(Onde onde, std::initializer_list<Linha> termos,
+               std::chrono::milliseconds paciencia = host::kBusyTimeout);
     // One of that address, in this program's host: the second program of a test has it so.
     explicit Dicionario(const QString& url);
 
@@ -50,7 +51,8 @@ class Dicionario {
     std::unique_ptr<host::Host> anfitriao;
 
   private:
-    void Abrir();
+    void Abrir(std::chrono::milliseconds paciencia);
+    std::vector<std::string> Ler(const QString& selecao) const;  // rows, blanks between the columns
 };
 
 class TesteDeEditor : public testing::TestWithParam<Onde> {};
