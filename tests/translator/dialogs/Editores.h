@@ -37,6 +37,7 @@ class Dicionario {
     void Executar(const char* comando);  // and it must succeed
     // A statement as another program runs it: the first column of the first row.
     QString Sql(const QString& instrucao) const;
+    std::vector<std::string> Ler(const QString& selecao) const;  // rows, blanks between the columns
     // Every write on the tables of terms and languages is noted from now on.
     void AnotarEscritas();
     std::vector<std::string> Escritas() const;  // "insert Motor", in the order of the database
@@ -52,7 +53,6 @@ class Dicionario {
 
   private:
     void Abrir(std::chrono::milliseconds paciencia);
-    std::vector<std::string> Ler(const QString& selecao) const;  // rows, blanks between the columns
 };
 
 class TesteDeEditor : public testing::TestWithParam<Onde> {};
