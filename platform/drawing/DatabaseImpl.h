@@ -81,7 +81,8 @@ class OdDbDatabaseImpl {
     struct NewSection {
         dxf::RecordIndex begin, end;
     };
-    NewSection addSection(dxf::RecordIndex before, std::string_view name);  // an empty one behind it
+    NewSection addSection(dxf::RecordIndex before,
+                          std::string_view name);  // an empty one behind it
     void assignMemoryHandle(dxf::RecordIndex index);
     void erase(uint32_t index);  // with what it owns, and out of the dictionary that holds it
     void eraseOwned(dxf::RecordIndex index);  // the same, the dictionary that holds it untouched

@@ -2,6 +2,7 @@
 #include "tests/translator/dialogs/Editores.h"
 
 #include <QApplication>
+#include <QSqlRecord>
 #include <QTest>
 
 #include "host/Dictionary.h"
@@ -16,7 +17,6 @@ int CaixasDosEditores::Show(Kind kind, QWidget* parent, const OdString& title,
 
 namespace {
 
-constexpr std::chrono::milliseconds kPaciencia{300};
 const QStringList kIdiomas{"Português", "English", "Deutsch"};
 
 // Notes a write on a table by one of its columns.
@@ -45,7 +45,8 @@ QStringList NotasDoServidor(const QString& tabela, const QString& coluna) {
 
 }  // namespace
 
-Dicionario::Dicionario(Onde onde, std::initializer_list<Linha> termos) {
+Dicionario::Dicionario(Onde onde, std::initializer_list<Linha> termos,
+                       std::chrono::milliseconds paciencia) {
     QFile(pasta.path()).setPermissions(QFile::Permissions(0x7777));  // also for an ordinary user
     url = onde == Onde::Arquivo ? "sqlite:" + pasta.filePath("dictionary.sqlite")
                                 : PostgresServer::Shared().NewDatabase();
@@ -57,17 +58,17 @@ Dicionario::Dicionario(Onde onde, std::initializer_list<Linha> termos) {
         for (const std::string& texto : termo) linha << QString::fromStdString(texto);
     }
     dicionario.Import(kIdiomas, linhas);
-    Abrir();
+    Abrir(paciencia);
 }
 
-Dicionario::Dicionario(const QString& url) : url(url) { Abrir(); }
+Dicionario::Dicionario(const QString& url) : url(url) { Abrir(host::kBusyTimeout); }
 
-void Dicionario::Abrir() {
+void Dicionario::Abrir(std::chrono::milliseconds paciencia) {
     host::HostOptions opcoes;
     opcoes.settingsFile = pasta.filePath("settings.ini");
     opcoes.logFile = pasta.filePath("log.txt");
     opcoes.databaseUrl = url;
-    opcoes.databasePatience = kPaciencia;
+    opcoes.databasePatience = paciencia;
     opcoes.messageBoxes = &caixas;
     anfitriao = std::make_unique<host::Host>(opcoes);
     anfitriao->Modules().Load(KV_BINARY_DIR "/lib/TQTradutor.so");
@@ -94,12 +95,24 @@ void Dicionario::AnotarEscritas() {
     }
 }
 
-std::vector<std::string> Dicionario::Escritas() const {
+std::vector<std::string> Dicionario::Ler(const QString& selecao) const {
     host::SqlConnection outra(host::ParseDatabaseUrl(url), host::OnMissing::Refuse);
-    QSqlQuery lidas = outra.Run("SELECT WHAT FROM STEPS ORDER BY N");
-    std::vector<std::string> escritas;
-    while (lidas.next()) escritas.push_back(lidas.value(0).toString().toStdString());
-    return escritas;
+    QSqlQuery lidas = outra.Run(selecao);
+    std::vector<std::string> linhas;
+    while (lidas.next()) {
+        QStringList campos;
+        for (int i = 0; i < lidas.record().count(); ++i) campos << outra.Text(lidas, i);
+        linhas.push_back(campos.join(' ').toStdString());
+    }
+    return linhas;
+}
+
+std::vector<std::string> Dicionario::Escritas() const {
+    return Ler("SELECT WHAT FROM STEPS ORDER BY N");
+}
+
+std::vector<std::string> Dicionario::Idiomas() const {
+    return Ler("SELECT LANG_KEY, LANG_DESCR, LANG_USE FROM BDLANGUAGE ORDER BY LANG_KEY");
 }
 
 Linhas Dicionario::Termos() const {
@@ -109,19 +122,6 @@ Linhas Dicionario::Termos() const {
         for (const QString& texto : termo.texts) linha.push_back(texto.toStdString());
     }
     return linhas;
-}
-
-std::vector<std::string> Dicionario::Idiomas() const {
-    host::SqlConnection outra(host::ParseDatabaseUrl(url), host::OnMissing::Refuse);
-    QSqlQuery lidos =
-        outra.Run("SELECT LANG_KEY, LANG_DESCR, LANG_USE FROM BDLANGUAGE ORDER BY LANG_KEY");
-    std::vector<std::string> idiomas;
-    while (lidos.next()) {
-        QStringList campos;
-        for (int i = 0; i < 3; ++i) campos << outra.Text(lidos, i);
-        idiomas.push_back(campos.join(' ').toStdString());
-    }
-    return idiomas;
 }
 
 void Dicionario::Esperar() const {

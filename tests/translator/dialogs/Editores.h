@@ -29,13 +29,15 @@ using Linhas = std::vector<Linha>;
 // With the languages Português, English and Deutsch (1 to 3), all in use.
 class Dicionario {
   public:
-    Dicionario(Onde onde, std::initializer_list<Linha> termos);
+    Dicionario(Onde onde, std::initializer_list<Linha> termos,
+               std::chrono::milliseconds paciencia = host::kBusyTimeout);
     // One of that address, in this program's host: the second program of a test has it so.
     explicit Dicionario(const QString& url);
 
     void Executar(const char* comando);  // and it must succeed
     // A statement as another program runs it: the first column of the first row.
     QString Sql(const QString& instrucao) const;
+    std::vector<std::string> Ler(const QString& selecao) const;  // rows, blanks between the columns
     // Every write on the tables of terms and languages is noted from now on.
     void AnotarEscritas();
     std::vector<std::string> Escritas() const;  // "insert Motor", in the order of the database
@@ -50,7 +52,7 @@ class Dicionario {
     std::unique_ptr<host::Host> anfitriao;
 
   private:
-    void Abrir();
+    void Abrir(std::chrono::milliseconds paciencia);
 };
 
 class TesteDeEditor : public testing::TestWithParam<Onde> {};

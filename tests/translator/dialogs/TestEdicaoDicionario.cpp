@@ -3,6 +3,8 @@
 
 #include <QTest>
 #include <QWidget>
+#include <map>
+#include <random>
 
 #include "host/Dictionary.h"
 #include "platform/window/qt/WindowHandle.h"
@@ -90,6 +92,59 @@ TEST_P(EdicaoOrdenada, SavesInFivePassesWhateverTheOrderOfTheRows) {
     EXPECT_THAT(dicionario.Falhas(), IsEmpty());
 }
 
+// By key: what a term says in all languages.
+std::map<std::string, std::string> PorChave(const Dicionario& dicionario) {
+    std::map<std::string, std::string> termos;
+    for (const std::string& linha :
+         dicionario.Ler("SELECT TRANS_KEY, LANGUAGE1, LANGUAGE2, LANGUAGE3 FROM BDTRANSLATOR")) {
+        const size_t blank = linha.find(' ');
+        termos[linha.substr(0, blank)] = linha.substr(blank + 1);
+    }
+    return termos;
+}
+
+// Anything in any order: after a save the database holds what the grid has shown, and a term that
+// says what it said before is still the same one.
+TEST_P(EdicaoDicionario, HoldsWhatTheGridShowsWhateverIsDone) {
+    std::mt19937 acaso(7);
+    const auto numero = [&](int ate) { return static_cast<int>(acaso() % ate); };
+    const auto umAto = [&](CWnd& editor) {
+        CListCtrl& grade = Grade(editor);
+        const std::string texto = "t" + std::to_string(acaso());
+        const int ato = grade.GetItemCount() < 3 ? 0 : numero(6);
+        if (ato == 0) {
+            Acrescentar(editor, {texto.c_str(), (texto + "b").c_str()});
+        } else if (ato == 1) {
+            dicionario.caixas.respostas = {kButtonYes};
+            AbrirEditor(grade, numero(grade.GetItemCount()), numero(3));
+            Clicar(editor, kBotaoRemover);
+        } else if (ato == 2) {
+            ClicarTitulo(grade, numero(3));
+        } else {
+            Digitar(grade, numero(grade.GetItemCount()), numero(3), texto.c_str());
+        }
+    };
+    Editar([&](CWnd& editor) {
+        for (int salvo = 0; salvo < 6; ++salvo) {
+            for (int i = 0; i < 8; ++i) umAto(editor);
+            const auto antes = PorChave(dicionario);
+            const Linhas mostradas = LinhasDe(Grade(editor));
+            Clicar(editor, kBotaoAplicar);
+            dicionario.Esperar();
+            EXPECT_THAT(dicionario.Termos(), testing::UnorderedElementsAreArray(mostradas));
+            EXPECT_EQ(LinhasDe(Grade(editor)), dicionario.Termos());
+            const auto depois = PorChave(dicionario);
+            for (const auto& [chave, textos] : antes) {
+                for (const auto& [outra, mesmos] : depois) {
+                    EXPECT_TRUE(textos != mesmos || chave == outra) << textos;
+                }
+            }
+        }
+        Clicar(editor, kBotaoOK);
+    });
+    EXPECT_THAT(dicionario.Falhas(), IsEmpty());
+}
+
 // What is applied is read again: new terms have their keys, and a second save neither doubles nor
 // loses anything.
 TEST_P(EdicaoDicionario, ReadsAgainAfterApplying) {
@@ -127,6 +182,7 @@ TEST_P(EdicaoDicionario, WritesNothingWhenItIsLeftOrNothingHasChanged) {
     for (const auto& sair : saidas) {
         Editar([&](CWnd& editor) {
             Mudancas(dicionario, editor);
+            QTest::keyClick(WidgetOf(&Grade(editor)), Qt::Key_Return);  // ends no dialog
             sair(editor);
         });
     }

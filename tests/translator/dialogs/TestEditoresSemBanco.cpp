@@ -18,6 +18,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr int kMudados = 12;
+constexpr std::chrono::milliseconds kPaciencia{300};
 const std::string kLongo(230, 'x');  // so many of them that the file must grow
 
 struct Falta {
@@ -108,7 +109,7 @@ class SemBanco : public testing::TestWithParam<Falta> {
                                                "values: \"1\"")));
     }
 
-    Dicionario dicionario{GetParam().onde, {{"Motor", "Engine", "Antrieb"}}};
+    Dicionario dicionario{GetParam().onde, {{"Motor", "Engine", "Antrieb"}}, kPaciencia};
 };
 
 const Falta kNoArquivo[] = {

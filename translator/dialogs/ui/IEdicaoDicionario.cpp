@@ -100,6 +100,7 @@ void IEdicaoDicionario::PreencherLista() {
     for (const TQString& idioma : traducoes->languages) {
         lista.AddColumn(idioma, kLarguraColuna, false);
     }
+    lista.SetItemCount(static_cast<int>(traducoes->terms.size()));
     for (const structTermo& termo : traducoes->terms) {
         AcrescentarLinha(TQString(termo.key, 1), termo.translations, limite);
     }
