@@ -1,6 +1,8 @@
 // The project translation dialog: its ways out, what it saves and loads, its languages, its files.
+#include <QAccessible>
 #include <QApplication>
 #include <QTest>
+#include <set>
 
 #include "platform/window/qt/WindowHandle.h"
 #include "tests/translator/dialogs/JanelaDeTraducao.h"
@@ -24,6 +26,26 @@ class TradutorProj : public JanelaDeTraducao {
     }
     static constexpr char16_t k60Hz[] = u"222";  // the key of the object with that text
 };
+
+TEST_F(TradutorProj, TheKeyboardReachesEverythingAndReadersFindANameForIt) {
+    Ler();
+    std::set<int> alcancados;
+    Mostrar([&](CWnd& dialogo) {
+        for (int passo = 0; passo < 40; ++passo) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            CWnd* foco = CWnd::GetFocus();
+            alcancados.insert(foco->GetDlgCtrlID());
+            auto* leitor = QAccessible::queryAccessibleInterface(WidgetOf(foco));
+            EXPECT_FALSE(leitor->text(QAccessible::Name).isEmpty()) << foco->GetDlgCtrlID();
+        }
+    });
+    EXPECT_EQ(alcancados,
+              (std::set<int>{kListaDestino, kEscopoTextos, kEscopoAtributos, kFiltroNaoTraduzido,
+                             kFiltroAutomatica, kFiltroManual, kFiltroImportado, kListaExpressoes,
+                             kBotaoExportar, kBotaoImportar, kBotaoCarregar, kBotaoSalvar,
+                             kBotaoCarregarProjeto, kBotaoSalvarProjeto, kBotaoLer, kBotaoTraduzir,
+                             kBotaoSubstituir, kBotaoFechar}));
+}
 
 // Only "Ler" takes the lines along, and none of these asks about unsaved work.
 TEST_F(TradutorProj, WaysOutThatDoNotAsk) {
