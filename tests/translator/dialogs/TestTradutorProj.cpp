@@ -193,6 +193,18 @@ TEST_F(TradutorProj, AFreshDictionaryIsMergedByTheNumbersOfTheLists) {
     });
 }
 
+// The dictionary is read before anything else, also where nothing is done with it.
+TEST_F(TradutorProj, AFreshDictionaryIsReadWithoutATargetToo) {
+    Ler();
+    Mostrar([&](CWnd& dialogo) {
+        Clicar(dialogo, kBotaoCarregar);
+        QFile::remove(projeto.Arquivo("dictionary.db"));
+        const QString antes = projeto.Registro();
+        Clicar(dialogo, kBotaoCarregar);
+        EXPECT_NE(projeto.Registro(), antes) << "the log tells that there is nothing to read";
+    });
+}
+
 // The source's position counts the languages out of use, its list does not hold them.
 TEST_F(TradutorProj, LanguagesOutOfUseShiftTheSource) {
     UsarIdioma(u"2", false);
