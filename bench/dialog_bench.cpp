@@ -278,7 +278,7 @@ bool Measure() {
     }
     met &= PrintGrowth(dialogs);
     met &= Print("dialog, a click on a filter after 60 others over the first ones",
-                 LateOverEarlyClicks(MakeLines(kSizes[0])), 1.25);
+                 LateOverEarlyClicks(MakeLines(kSizes[0])), 1.4);
     return met;
 }
 

@@ -2,13 +2,13 @@
 #include "platform/window/ListRows.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "platform/window/PackedTexts.h"
 
 namespace window {
 
 struct ListRows::Row {
+    explicit Row(std::pmr::memory_resource* memory) : texts(memory) {}
     PackedTexts texts;  // of the columns up to the last one that was set
     int number = 0;     // right for the first `numbered` rows
     Data data = 0;
@@ -17,9 +17,9 @@ struct ListRows::Row {
 ListRows::ListRows() = default;
 ListRows::~ListRows() = default;
 
-std::unique_ptr<ListRows::Row> ListRows::NewRow() {
-    if (spare.empty()) return std::make_unique<Row>();
-    auto row = std::move(spare.back());
+ListRows::Row* ListRows::NewRow() {
+    if (spare.empty()) return &made.emplace_back(&memory);
+    Row* const row = spare.back();
     spare.pop_back();
     row->texts.Clear();
     return row;
@@ -27,19 +27,20 @@ std::unique_ptr<ListRows::Row> ListRows::NewRow() {
 
 int ListRows::Insert(int row, std::u16string_view text, Data data) {
     if (row < 0 || row > Count()) row = Count();
-    auto made = NewRow();
-    made->texts.Set(0, text);
-    made->data = data;
-    made->number = row;
-    if (data) index.emplace(data, made.get());
+    Row* const inserted = NewRow();
+    inserted->texts.Set(0, text);
+    inserted->data = data;
+    inserted->number = row;
+    if (data) index.emplace(data, inserted);
     const bool known = row == Count() && numbered == row;
-    rows.insert(rows.begin() + row, std::move(made));
+    rows.insert(rows.begin() + row, inserted);
     numbered = known ? row + 1 : std::min(numbered, row);
     return row;
 }
 
 void ListRows::Erase(int row) {
     Forget(At(row));
+    spare.push_back(rows[row]);
     rows.erase(rows.begin() + row);
     numbered = std::min(numbered, row);
 }
@@ -48,8 +49,7 @@ void ListRows::Clear() {
     index.clear();
     selected.clear();
     focused = mark = nullptr;
-    spare.insert(spare.end(), std::make_move_iterator(rows.rbegin()),
-                 std::make_move_iterator(rows.rend()));
+    spare.insert(spare.end(), rows.rbegin(), rows.rend());
     rows.clear();
     numbered = 0;
 }
@@ -62,12 +62,12 @@ void ListRows::Reserve(int count) {
 void ListRows::InsertColumn(int column) {
     // The text of a list without columns becomes that of its first column.
     if (columns > 0)
-        for (const auto& row : rows) row->texts.Insert(static_cast<size_t>(column));
+        for (Row* row : rows) row->texts.Insert(static_cast<size_t>(column));
     ++columns;
 }
 
 void ListRows::EraseColumn(int column) {
-    for (const auto& row : rows) row->texts.Erase(static_cast<size_t>(column));
+    for (Row* row : rows) row->texts.Erase(static_cast<size_t>(column));
     --columns;
 }
 
@@ -166,9 +166,7 @@ int ListRows::SetMark(int row) {
 }
 
 void ListRows::Sort(const Compare& compare) {
-    std::vector<Row*> sorted;
-    sorted.reserve(rows.size());
-    for (const auto& row : rows) sorted.push_back(row.get());
+    std::vector<Row*> sorted = rows;
     const bool distinct = AllDataDiffer();
     const auto before = [&](const Row* a, const Row* b) {
         // Comparisons find their rows by these data: two look-ups fewer for each of them.
@@ -180,8 +178,7 @@ void ListRows::Sort(const Compare& compare) {
         ~EndOfComparing() { list.compared = {}; }
     } end{*this};
     std::stable_sort(sorted.begin(), sorted.end(), before);
-    for (auto& row : rows) static_cast<void>(row.release());
-    for (size_t i = 0; i < sorted.size(); ++i) rows[i].reset(sorted[i]);
+    rows = std::move(sorted);
     numbered = 0;
 }
 

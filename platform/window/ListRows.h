@@ -4,8 +4,8 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <functional>
-#include <memory>
 #include <memory_resource>
 #include <string>
 #include <string_view>
@@ -78,16 +78,18 @@ class ListRows {
     void RemoveFromIndex(Row& row);
     bool AllDataDiffer() const;
 
-    std::unique_ptr<Row> NewRow();
+    Row* NewRow();
 
-    std::vector<std::unique_ptr<Row>> rows;
-    std::vector<std::unique_ptr<Row>> spare;  // in the reverse order of their making
-    mutable int numbered = 0;                 // so many rows at the head know their number
+    // Rows, texts and index each lie close together: a sort goes through them again and again.
+    std::pmr::unsynchronized_pool_resource memory;
+    std::deque<Row> made;  // the owner
+    std::vector<Row*> rows;
+    std::vector<Row*> spare;   // the last of them is used first
+    mutable int numbered = 0;  // so many rows at the head know their number
     int columns = 0;
     bool single = false;
     // Of data other than 0, which every row begins with.
-    std::pmr::unsynchronized_pool_resource nodes;
-    std::pmr::unordered_multimap<Data, Row*> index{&nodes};
+    std::pmr::unordered_multimap<Data, Row*> index{&memory};
     std::unordered_set<Row*> selected;
     Row* focused = nullptr;
     Row* mark = nullptr;

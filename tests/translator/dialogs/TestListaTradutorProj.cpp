@@ -16,6 +16,11 @@ class ListaTradutorProj : public JanelaDeTraducao {
         }
         return textos;
     }
+    static CListCtrl& Traduzidas(CWnd& dialogo) {  // into German, from the dictionary
+        Escolher(dialogo, kListaDestino, "Deutsch");
+        Clicar(dialogo, kBotaoCarregar);
+        return Linhas(dialogo);
+    }
     static bool EmOrdem(const CListCtrl& lista, int coluna, int sentido) {
         for (int linha = 1; linha < lista.GetItemCount(); ++linha) {
             const CString antes = lista.GetItemText(linha - 1, coluna);
@@ -37,9 +42,7 @@ using traducaoTQ::structExpressao;
 TEST_F(ListaTradutorProj, TitlesSortAndTurnTheOrderRound) {
     Ler();
     Mostrar([&](CWnd& dialogo) {
-        Escolher(dialogo, kListaDestino, "Deutsch");
-        Clicar(dialogo, kBotaoCarregar);
-        CListCtrl& lista = Linhas(dialogo);
+        CListCtrl& lista = Traduzidas(dialogo);
         ClicarTitulo(lista, kOriginal);
         const int sentido = EmOrdem(lista, kOriginal, 1) ? 1 : -1;
         EXPECT_TRUE(EmOrdem(lista, kOriginal, sentido));
@@ -53,9 +56,7 @@ TEST_F(ListaTradutorProj, TitlesSortAndTurnTheOrderRound) {
 TEST_F(ListaTradutorProj, AChangeOfTheTargetPutsTranslationsOnTheWrongRowsOfASortedList) {
     Ler();
     Mostrar([&](CWnd& dialogo) {
-        Escolher(dialogo, kListaDestino, "Deutsch");
-        Clicar(dialogo, kBotaoCarregar);
-        CListCtrl& lista = Linhas(dialogo);
+        CListCtrl& lista = Traduzidas(dialogo);
         ClicarTitulo(lista, kOriginal);
         const auto ordem = ColunaDe(dialogo, kOriginal);
         EXPECT_NE(ordem, Das(&structExpressao::original));

@@ -1,6 +1,8 @@
 // The project translation dialog: its ways out, what it saves and loads, its languages, its files.
+#include <QAccessible>
 #include <QApplication>
 #include <QTest>
+#include <set>
 
 #include "platform/window/qt/WindowHandle.h"
 #include "tests/translator/dialogs/JanelaDeTraducao.h"
@@ -24,6 +26,26 @@ class TradutorProj : public JanelaDeTraducao {
     }
     static constexpr char16_t k60Hz[] = u"222";  // the key of the object with that text
 };
+
+TEST_F(TradutorProj, TheKeyboardReachesEverythingAndReadersFindANameForIt) {
+    Ler();
+    std::set<int> alcancados;
+    Mostrar([&](CWnd& dialogo) {
+        for (int passo = 0; passo < 40; ++passo) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            CWnd* foco = CWnd::GetFocus();
+            alcancados.insert(foco->GetDlgCtrlID());
+            auto* leitor = QAccessible::queryAccessibleInterface(WidgetOf(foco));
+            EXPECT_FALSE(leitor->text(QAccessible::Name).isEmpty()) << foco->GetDlgCtrlID();
+        }
+    });
+    EXPECT_EQ(alcancados,
+              (std::set<int>{kListaDestino, kEscopoTextos, kEscopoAtributos, kFiltroNaoTraduzido,
+                             kFiltroAutomatica, kFiltroManual, kFiltroImportado, kListaExpressoes,
+                             kBotaoExportar, kBotaoImportar, kBotaoCarregar, kBotaoSalvar,
+                             kBotaoCarregarProjeto, kBotaoSalvarProjeto, kBotaoLer, kBotaoTraduzir,
+                             kBotaoSubstituir, kBotaoFechar}));
+}
 
 // Only "Ler" takes the lines along, and none of these asks about unsaved work.
 TEST_F(TradutorProj, WaysOutThatDoNotAsk) {
@@ -168,6 +190,18 @@ TEST_F(TradutorProj, AFreshDictionaryIsMergedByTheNumbersOfTheLists) {
         Clicar(dialogo, kBotaoCarregar);
         EXPECT_EQ(janela->traducoes->terms[0].translations[1], u"new English");
         EXPECT_EQ(janela->traducoes->terms[0].translations[2], antes[2]);
+    });
+}
+
+// The dictionary is read before anything else, also where nothing is done with it.
+TEST_F(TradutorProj, AFreshDictionaryIsReadWithoutATargetToo) {
+    Ler();
+    Mostrar([&](CWnd& dialogo) {
+        Clicar(dialogo, kBotaoCarregar);
+        QFile::remove(projeto.Arquivo("dictionary.db"));
+        const QString antes = projeto.Registro();
+        Clicar(dialogo, kBotaoCarregar);
+        EXPECT_NE(projeto.Registro(), antes) << "the log tells that there is nothing to read";
     });
 }
 

@@ -61,8 +61,8 @@ TEST_F(Celulas, ARowBeginsBlankWhateverStoodThereBefore) {
         EXPECT_EQ(lista.GetTipo(0, column), -1);
         EXPECT_EQ(lista.GetIndice(0, column), -1);
         const CIListViewPropriedadeItem& cell = *lista.Celula(0, column);
-        EXPECT_TRUE(cell.chave.empty() && cell.valores.empty() &&
-                    cell.complementos.empty() && !cell.editavel);
+        EXPECT_TRUE(cell.chave.empty() && cell.valores.empty() && cell.complementos.empty() &&
+                    !cell.editavel);
     }
     EXPECT_THROW(lista.Celula(0, 10), CInvalidArgException);
 }

@@ -174,6 +174,19 @@ TEST_F(Editores, TheFileButtonWritesTheName) {
     EXPECT_EQ(TextoDoEditor(), QString(desenho).replace('/', '\\').toStdString());
 }
 
+TEST_F(Editores, AreReadAsTheirColumn) {
+    for (const int32_t kind : {LISTA, TEXTO, ARQUIVO, TEXTO_PROPOSTAS, COR}) {
+        Linha(kind, Valores({u"1"}));
+        Clicar(lista.GetItemCount() - 1, 1);
+        for (const UINT id : {kIdCombo, kIdEdit, kIdBotao}) {
+            CWnd* part = lista.GetDlgItem(id);
+            EXPECT_EQ(part ? WidgetOf(part)->accessibleName() : "Value", "Value") << kind;
+        }
+        EXPECT_NE(Editor(), nullptr);
+        dialogo.antes.SetFocus();
+    }
+}
+
 // The button belongs to the editor: the focus may go there, and from there to anywhere else it
 // ends.
 TEST_F(Editores, LeavingTheirButtonEndsThem) {
