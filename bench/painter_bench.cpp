@@ -1,12 +1,10 @@
 // Measures the painter: the repaint of 100,000 visible entities against a QGraphicsView with the
-// same lines and texts, in user time; and bringing a drawing to the screen, from the file to the
-// painted picture of all of it, by the clock.
+// same lines and texts. Times are user time.
 //
-// painter_bench repaint | painter_bench open DRAWING
+// painter_bench repaint
 #include <sys/resource.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QGraphicsLineItem>
 #include <QGraphicsScene>
 #include <QGraphicsSimpleTextItem>
@@ -141,31 +139,12 @@ int Repaint() {
     return 0;
 }
 
-int Open(const char* path) {
-    QElapsedTimer clock;
-    clock.start();
-    OdDbDatabasePtr drawing = OdDbDatabase::readFile(path);
-    const qint64 read = clock.elapsed();
-    const auto list = painter::BuildDisplayList(*drawing);
-    const qint64 listed = clock.elapsed();
-    QImage screen(1920, 1080, QImage::Format_RGB32);
-    screen.fill(Qt::white);
-    QPainter painter(&screen);
-    painter::Paint(painter, *list, painter::FitTransform(list->extents, screen.rect()),
-                   screen.rect());
-    const qint64 painted = clock.elapsed();
-    std::printf("open %lld ms: read %lld, list of %zu items %lld, painted %lld\n", painted, read,
-                list->items.size(), listed - read, painted - listed);
-    return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     if (argc == 2 && std::strcmp(argv[1], "repaint") == 0) return Repaint();
-    if (argc == 3 && std::strcmp(argv[1], "open") == 0) return Open(argv[2]);
-    std::fprintf(stderr, "usage: painter_bench repaint | painter_bench open DRAWING\n");
+    std::fprintf(stderr, "usage: painter_bench repaint\n");
     return 2;
 }

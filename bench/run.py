@@ -77,7 +77,7 @@ class Bench:
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
         for name in ("kelvara", "dxf_bench", "dictionary_bench", "editor_bench", "list_view",
-                     "dialog_bench", "painter_bench", "redefine_bench"):
+                     "dialog_bench", "painter_bench", "redefine_bench", "desktop_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -213,7 +213,7 @@ class Bench:
     def painting(self, size):
         drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
         info = median(5, lambda: self.kelvara(None, "info", drawing))
-        painted = median(5, lambda: Run([self.programs / "painter_bench", "open", drawing]))
+        painted = median(5, lambda: Run([self.programs / "desktop_bench", drawing]))
         print(painted.out, end="")
         self.report.at_most("a drawing on the screen over kelvara info",
                             int(re.search(r"open (\d+) ms", painted.out)[1]) / 1e3 / info.seconds, 3)

@@ -1,6 +1,7 @@
 // Opening, closing and saving, with the questions that belong to them.
 #include <gmock/gmock.h>
 
+#include <QComboBox>
 #include <QFile>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -80,7 +81,7 @@ TEST(Files, SeveralDocumentsStandInTabsAndCloseOneByOne) {
 TEST(Files, OneThatCannotBeReadIsReported) {
     Program program;
     const QString broken = program.File("broken.dxf");
-    Append(broken, "0\nSECTION\n2\nENTIT");
+    Append(broken, "hello");
     for (const QString& path : {broken, program.File("missing.dxf")}) {
         QString shown;
         Usuario user;
@@ -94,6 +95,23 @@ TEST(Files, OneThatCannotBeReadIsReported) {
     EXPECT_EQ(program.desktop.Settings().RecentFiles(), QStringList());
 }
 
+TEST(Files, OneThatCannotBeEditedSaysSoAndWhy) {
+    Program program;
+    const QString cut = program.File("cut.dxf");
+    Append(cut,
+           "0\nSECTION\n2\nHEADER\n9\n$"
+           "ACADVER\n1\nAC1015\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nP\n");
+    ASSERT_TRUE(program.window.GetFiles().Open(cut));
+    EXPECT_TRUE(program.Active().Drawing().isReadOnly());
+    EXPECT_FALSE(program.Printed().isEmpty());
+    Usuario user;
+    user.EntaoNoQt(ClickBox(QMessageBox::Ok));
+    QComboBox& language = program.window.GetLanguageBox();
+    user.Durante([&] { QTest::keyClick(&language, Qt::Key_Down); });
+    EXPECT_EQ(language.currentText(), "Language not set");
+    EXPECT_FALSE(program.window.isWindowModified());
+}
+
 TEST(Files, AFileThatAnotherProgramChangedIsOverwrittenOnlyWhenAsked) {
     Program program;
     const QString drawing = program.Example("block_pages.dxf");
@@ -104,11 +122,11 @@ TEST(Files, AFileThatAnotherProgramChangedIsOverwrittenOnlyWhenAsked) {
     Usuario user;
     user.EntaoNoQt(ClickBox(QMessageBox::No));
     user.Durante([&] { program.Press(Qt::Key_S, Qt::ControlModifier); });
-    EXPECT_EQ(Program::Read(drawing), changed);
+    EXPECT_TRUE(Program::Read(drawing) == changed);
     EXPECT_TRUE(program.window.isWindowModified());
     user.EntaoNoQt(ClickBox(QMessageBox::Yes));
     user.Durante([&] { program.Press(Qt::Key_S, Qt::ControlModifier); });
-    EXPECT_EQ(Program::Read(drawing).toStdString(), program.Bytes());
+    EXPECT_TRUE(Program::Read(drawing) == program.Bytes().c_str());
     EXPECT_FALSE(program.window.isWindowModified());
 }
 
