@@ -12,9 +12,11 @@
 #include <QListWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 #include "apps/desktop/DatabaseCheck.h"
+#include "apps/desktop/MainWindow.h"
 #include "apps/desktop/SettingsChoices.h"
 #include "apps/desktop/Texts.h"
 #include "host/DatabaseUrl.h"
@@ -49,7 +51,7 @@ QPushButton* BrowseButton(const char* name) {
 }
 
 // Arguments of a program as one line that QProcess::splitCommand takes apart again.
-QString CommandLine(const QStringList& arguments) {
+QString JoinedCommand(const QStringList& arguments) {
     QStringList quoted;
     for (QString argument : arguments) {
         const bool plain = !argument.isEmpty() && !argument.contains(u' ');
@@ -67,7 +69,8 @@ SettingsDialog::SettingsDialog(host::Settings& settings, QWidget* parent)
       language(new QComboBox),
       codePage(new QComboBox),
       databaseUrl(new QLineEdit(settings.DatabaseUrl())),
-      converter(new QLineEdit(CommandLine(settings.DwgConverter()))),
+      converter(new QLineEdit(JoinedCommand(settings.DwgConverter()))),
+      seconds(new QSpinBox),
       networkFolder(new QLineEdit(settings.NetworkFolder())),
       recent(new QListWidget),
       complaint(new QLabel) {
@@ -76,6 +79,7 @@ SettingsDialog::SettingsDialog(host::Settings& settings, QWidget* parent)
     codePage->setObjectName("codePage");
     databaseUrl->setObjectName("databaseUrl");
     converter->setObjectName("converter");
+    seconds->setObjectName("seconds");
     networkFolder->setObjectName("networkFolder");
     recent->setObjectName("recent");
     complaint->setObjectName("complaint");
@@ -138,6 +142,9 @@ QWidget* SettingsDialog::FilesBox() {
     form->addRow(Say("&Code page of the exchange file:"), codePage);
     converter->setPlaceholderText(Say("PROGRAM {in} {out}"));
     form->addRow(Say("Con&verter for DWG:"), converter);
+    seconds->setRange(1, 3600);
+    seconds->setValue(settings.DwgSeconds());
+    form->addRow(Say("&Seconds that it may take:"), seconds);
     form->addRow(
         Note(Say("A program that reads the DWG file {in} and writes the DXF file {out}. "
                  "Empty: DWG files are not opened.")));
@@ -229,10 +236,16 @@ void SettingsDialog::Store() {
     settings.SetCodePage(CodePage());
     SetAnsiCodePage(CodePage());  // from the next exchange file on
     settings.SetDwgConverter(QProcess::splitCommand(converter->text()));
+    settings.SetDwgSeconds(seconds->value());
     settings.SetNetworkFolder(networkFolder->text());
     QStringList files;
     for (int row = 0; row < recent->count(); ++row) files << recent->item(row)->text();
     settings.SetRecentFiles(files);
+}
+
+void AddSettingsEntry(MainWindow& window) {
+    window.AddEntry("&Edit", "SETTINGS", "Se&ttings…",
+                    [&window] { SettingsDialog(window.GetDesktop().Settings(), &window).exec(); });
 }
 
 }  // namespace desktop

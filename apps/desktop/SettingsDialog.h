@@ -9,6 +9,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QSpinBox;
 
 namespace desktop {
 
@@ -36,9 +37,13 @@ class SettingsDialog : public QDialog {
     QComboBox* codePage;
     QLineEdit* databaseUrl;
     QLineEdit* converter;
+    QSpinBox* seconds;
     QLineEdit* networkFolder;
     QListWidget* recent;
     QLabel* complaint;
 };
+
+class MainWindow;
+void AddSettingsEntry(MainWindow& window);  // to the menu and the command line
 
 }  // namespace desktop

@@ -6,6 +6,8 @@
 
 #include "apps/desktop/Guard.h"
 #include "apps/desktop/MainWindow.h"
+#include "apps/desktop/RecoveryKeeper.h"
+#include "apps/desktop/SettingsDialog.h"
 #include "apps/desktop/Texts.h"
 
 namespace {
@@ -49,9 +51,13 @@ int Work(Application& application, const Arguments& arguments) {
     desktop::InstallTexts(desktop.Settings().LanguageIndex());
     const QString problem = desktop.LoadModule();
     desktop::MainWindow window(desktop);
+    desktop::RecoveryKeeper recovery(
+        desktop, {desktop::RecoveryKeeper::FolderFor(QString::fromStdString(arguments.settings))});
+    desktop::AddSettingsEntry(window);
     window.show();
     QTimer::singleShot(0, &window, [&] {
         if (!problem.isEmpty()) desktop::TellFailure("Kelvara Circuit", problem);
+        recovery.Offer(window);
         for (const std::string& drawing : arguments.drawings)
             window.GetFiles().Open(QString::fromStdString(drawing));
     });
