@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QStringListModel>
+#include <QTextBlock>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -145,7 +146,8 @@ void CommandLine::Enter() {
     if (line.isEmpty()) line = last;
     if (line.isEmpty()) return;
     last = line;
-    Print((QStringLiteral("> ") + line + "\n").toStdU16String());
+    const bool inLine = !output->document()->lastBlock().text().isEmpty();
+    Print((QLatin1String(inLine ? "\n> " : "> ") + line + "\n").toStdU16String());
     if (onEntered) onEntered(line);
     if (words) field->SetWords(words());  // the line may have defined some
 }

@@ -59,7 +59,10 @@ QByteArray Program::Read(const QString& path) {
     return file.readAll();
 }
 
+// The platform that shows nothing gives the focus back to nobody when a dialog ends.
 void Program::Press(int key, Qt::KeyboardModifiers modifiers) {
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window, Qt::Key(key), modifiers);
 }
 

@@ -16,7 +16,7 @@ namespace {
 using testing::HasSubstr;
 
 // Starts the run and waits for its report.
-std::string Run(QWidget& form) {
+std::string ReportOf(QWidget& form) {
     auto* report = form.findChild<QPlainTextEdit*>("report");
     QSignalSpy reported(report, &QPlainTextEdit::textChanged);
     ClickNamed("start")(form);
@@ -43,9 +43,9 @@ TEST(Batch, TranslatesTheSavedDrawingCertifiesAndOpensTheResult) {
         auto* field = form.findChild<QLineEdit*>("output");
         output = field->text();
         field->setText(drawing);
-        refused = Run(form);
+        refused = ReportOf(form);
         field->setText(output);
-        report = Run(form);
+        report = ReportOf(form);
         QTest::keyClick(&form, Qt::Key_Escape);
     });
     user.Durante([&] { program.Press(Qt::Key_B, Qt::ControlModifier); });
@@ -55,7 +55,7 @@ TEST(Batch, TranslatesTheSavedDrawingCertifiesAndOpensTheResult) {
     EXPECT_THAT(report, HasSubstr(", 0 other values changed"));
     EXPECT_EQ(program.Active().FileName(), output.toStdString());
     EXPECT_EQ(program.window.GetLanguageBox().currentText(), "Deutsch");
-    EXPECT_THAT(program.Kelvara({"texts", output}), HasSubstr("\tEinspeisung\n"));
+    EXPECT_THAT(program.Kelvara({"texts", output}), HasSubstr("\tHaupteinspeisung\n"));
 }
 
 TEST(Batch, ARunThatFailsSaysWhyAndWritesNothing) {
@@ -66,7 +66,7 @@ TEST(Batch, ARunThatFailsSaysWhyAndWritesNothing) {
     Usuario user;
     user.EntaoNoQt([&](QWidget& form) {
         form.findChild<QLineEdit*>("output")->setText(program.File("none/out.dxf"));
-        report = Run(form);
+        report = ReportOf(form);
         QTest::keyClick(&form, Qt::Key_Escape);
     });
     user.Durante([&] { program.Press(Qt::Key_B, Qt::ControlModifier); });

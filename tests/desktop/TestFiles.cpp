@@ -80,7 +80,7 @@ TEST(Files, SeveralDocumentsStandInTabsAndCloseOneByOne) {
 TEST(Files, OneThatCannotBeReadIsReported) {
     Program program;
     const QString broken = program.File("broken.dxf");
-    Append(broken, "0\nSECTION\n2\nENTIT");
+    Append(broken, "hello");
     for (const QString& path : {broken, program.File("missing.dxf")}) {
         QString shown;
         Usuario user;
@@ -104,11 +104,11 @@ TEST(Files, AFileThatAnotherProgramChangedIsOverwrittenOnlyWhenAsked) {
     Usuario user;
     user.EntaoNoQt(ClickBox(QMessageBox::No));
     user.Durante([&] { program.Press(Qt::Key_S, Qt::ControlModifier); });
-    EXPECT_EQ(Program::Read(drawing), changed);
+    EXPECT_TRUE(Program::Read(drawing) == changed);
     EXPECT_TRUE(program.window.isWindowModified());
     user.EntaoNoQt(ClickBox(QMessageBox::Yes));
     user.Durante([&] { program.Press(Qt::Key_S, Qt::ControlModifier); });
-    EXPECT_EQ(Program::Read(drawing).toStdString(), program.Bytes());
+    EXPECT_TRUE(Program::Read(drawing) == program.Bytes().c_str());
     EXPECT_FALSE(program.window.isWindowModified());
 }
 

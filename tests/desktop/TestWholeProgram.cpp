@@ -58,29 +58,29 @@ void TranslateToGerman(Program& program) {
             Escolher(dialog, kListaDestino, "English");
             Clicar(dialog, kBotaoCarregar);
             Clicar(dialog, kBotaoSalvarProjeto);
+        })
+        .EntaoNoQt(ClickBox(QMessageBox::Ok))  // recorded in English
+        .Entao([](CWnd& dialog) {
             Escolher(dialog, kListaDestino, "Deutsch");
             Clicar(dialog, kBotaoCarregar);
             Clicar(dialog, kBotaoTraduzir);
         })
-        .EntaoNoQt(ClickBox(QMessageBox::Ok))  // recorded in English
         .Entao([](CWnd& wizard) {
             EXPECT_EQ(TextoDe(PaginaDe(wizard), kTargetOfWizard), "Deutsch");
             Clicar(wizard, ID_WIZNEXT);
-            Clicar(wizard, ID_WIZNEXT);
-            Clicar(wizard, ID_WIZFINISH);
         })
+        .Entao(Click(ID_WIZNEXT))
+        .Entao(Click(ID_WIZFINISH))
         .EntaoNoQt(ClickBox(QMessageBox::Ok));  // the language has been changed
     user.Durante([&] { program.Press(Qt::Key_F9); });
 }
 
 void SwitchToEnglish(Program& program) {
     Usuario user;
-    user.Entao([](CWnd& wizard) {
-            Escolher(PaginaDe(wizard), kTargetOfWizard, "English");
-            Clicar(wizard, ID_WIZNEXT);
-            Clicar(wizard, ID_WIZNEXT);
-            Clicar(wizard, ID_WIZFINISH);
-        })
+    user.Entao([](CWnd& wizard) { Escolher(PaginaDe(wizard), kTargetOfWizard, "English"); })
+        .Entao(Click(ID_WIZNEXT))
+        .Entao(Click(ID_WIZNEXT))
+        .Entao(Click(ID_WIZFINISH))
         .EntaoNoQt(ClickBox(QMessageBox::Ok));
     user.Durante([&] { program.Press(Qt::Key_F10); });
 }
@@ -115,18 +115,18 @@ TEST(WholeProgram, ASessionFromStartToQuit) {
     EXPECT_EQ(program.window.GetLanguageBox().currentText(), "Deutsch");
     program.Press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_FALSE(program.window.isWindowModified());
-    EXPECT_EQ(program.Pane().PageList().topLevelItem(2)->text(1), "Einspeisung")
+    EXPECT_EQ(program.Pane().PageList().topLevelItem(2)->text(1), "Haupteinspeisung")
         << "the titles of the pages are texts too";
 
     const std::string german = program.Bytes();
     SwitchToEnglish(program);
     const std::string english = program.Bytes();
-    EXPECT_NE(english, german);
+    EXPECT_TRUE(english != german);
     program.Press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(program.Bytes(), german);
+    EXPECT_TRUE(program.Bytes() == german);
     EXPECT_EQ(program.window.GetLanguageBox().currentText(), "Deutsch");
     program.Press(Qt::Key_Y, Qt::ControlModifier);
-    EXPECT_EQ(program.Bytes(), english);
+    EXPECT_TRUE(program.Bytes() == english);
     EXPECT_EQ(program.window.GetLanguageBox().currentText(), "English");
 
     const QString copy = program.File("english.dxf");
@@ -137,13 +137,13 @@ TEST(WholeProgram, ASessionFromStartToQuit) {
     EXPECT_FALSE(program.window.isVisible());
     EXPECT_EQ(program.desktop.Active(), nullptr);
 
-    EXPECT_EQ(Program::Read(drawing).toStdString(), german);
-    EXPECT_EQ(Program::Read(copy).toStdString(), english);
+    EXPECT_TRUE(Program::Read(drawing).toStdString() == german);
+    EXPECT_TRUE(Program::Read(copy).toStdString() == english);
     const std::string germanTexts = TextsOf(program, drawing);
     EXPECT_THAT(germanTexts, HasSubstr("\tBemessungsspannung\n"));
     EXPECT_THAT(germanTexts, Not(HasSubstr("\tTensão nominal\n")));
     EXPECT_THAT(TextsOf(program, copy), HasSubstr("\tRated voltage\n"));
     EXPECT_THAT(program.Kelvara({"info", drawing}), HasSubstr("Deutsch"));
     EXPECT_THAT(program.Kelvara({"info", copy}), HasSubstr("English"));
-    EXPECT_NE(Program::Read(drawing), original);
+    EXPECT_TRUE(Program::Read(drawing) != original);
 }

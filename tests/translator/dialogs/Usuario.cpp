@@ -49,6 +49,7 @@ void Usuario::Agendar() {
 }
 
 void Usuario::Agir() {
+    QCoreApplication::sendPostedEvents();  // what the step before has left to be done
     if (acabou) return;
     Agendar();  // first: a step may show a window of its own
     QWidget* janela = QApplication::activeModalWidget();
