@@ -179,9 +179,10 @@ QWidget* SettingsDialog::RecentBox() {
 }
 
 void SettingsDialog::BrowseDictionary() {
-    const QString file = QFileDialog::getSaveFileName(this, Say("Dictionary"), QString(),
-                                                      Say("Dictionaries (*.sqlite);;All files (*)"),
-                                                      nullptr, QFileDialog::DontConfirmOverwrite);
+    const QString file =
+        QFileDialog::getSaveFileName(this, Say("Dictionary"), QString(),
+                                     Say("Dictionaries (*.sqlite)") + ";;" + Say("All files (*)"),
+                                     nullptr, QFileDialog::DontConfirmOverwrite);
     if (!file.isEmpty()) databaseUrl->setText("sqlite:" + file);
 }
 
