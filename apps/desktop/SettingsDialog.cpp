@@ -7,7 +7,6 @@
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProcess>
@@ -19,6 +18,7 @@
 #include "apps/desktop/MainWindow.h"
 #include "apps/desktop/SettingsChoices.h"
 #include "apps/desktop/Texts.h"
+#include "apps/desktop/WrappedLabel.h"
 #include "host/DatabaseUrl.h"
 #include "host/Error.h"
 #include "platform/win32/CodePages.h"
@@ -28,9 +28,7 @@ namespace desktop {
 namespace {
 
 QLabel* Note(const QString& text) {
-    auto* note = new QLabel(text);
-    note->setTextFormat(Qt::PlainText);
-    note->setWordWrap(true);
+    auto* note = new WrappedLabel(text);
     note->setForegroundRole(QPalette::PlaceholderText);
     return note;
 }
@@ -73,7 +71,7 @@ SettingsDialog::SettingsDialog(host::Settings& settings, QWidget* parent)
       seconds(new QSpinBox),
       networkFolder(new QLineEdit(settings.NetworkFolder())),
       recent(new QListWidget),
-      complaint(new QLabel) {
+      complaint(new WrappedLabel) {
     setWindowTitle(Say("Settings"));
     language->setObjectName("language");
     codePage->setObjectName("codePage");
@@ -83,8 +81,6 @@ SettingsDialog::SettingsDialog(host::Settings& settings, QWidget* parent)
     networkFolder->setObjectName("networkFolder");
     recent->setObjectName("recent");
     complaint->setObjectName("complaint");
-    complaint->setTextFormat(Qt::PlainText);
-    complaint->setWordWrap(true);
     complaint->hide();
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -227,8 +223,7 @@ void SettingsDialog::accept() {
             reason = QString::fromUtf8(error.what());
         }
     }
-    complaint->setText(reason);
-    complaint->show();
+    complaint->Show(reason);
 }
 
 void SettingsDialog::Store() {
