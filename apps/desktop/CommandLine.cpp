@@ -111,8 +111,7 @@ CommandLine::CommandLine(QWidget* parent)
     connect(stop, &QToolButton::clicked, this, [this] {
         if (onInterrupt) onInterrupt();
     });
-    connect(
-        field, &QLineEdit::returnPressed, this, [this] { Enter(); }, Qt::QueuedConnection);
+    connect(field, &QLineEdit::returnPressed, this, [this] { Enter(); });
     auto* line = new QHBoxLayout;
     line->addWidget(field, 1);
     line->addWidget(stop);

@@ -1,12 +1,13 @@
 // "Translate in batch": kelvara in a form, on a drawing with mixed pages.
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 #include "apps/desktop/BatchDialog.h"
 #include "tests/desktop/Program.h"
@@ -15,15 +16,45 @@ namespace {
 
 using testing::HasSubstr;
 
-// Starts the run and waits for its report.
-std::string ReportOf(QWidget& form) {
-    auto* report = form.findChild<QPlainTextEdit*>("report");
-    QSignalSpy reported(report, &QPlainTextEdit::textChanged);
-    ClickNamed("start")(form);
-    while (report->toPlainText().isEmpty() && reported.wait(60000)) {
-    }
-    return report->toPlainText().toStdString();
+// Runs step once a modal window of that kind is there.
+template <class Window, class Step>
+void When(const Step& step) {
+    QTimer::singleShot(0, qApp, [step] {
+        auto* window = dynamic_cast<Window*>(QApplication::activeModalWidget());
+        if (window)
+            step(*window);
+        else
+            When<Window>(step);
+    });
 }
+
+struct Form {
+    explicit Form(QWidget& window)
+        : window(window),
+          to(window.findChild<QComboBox*>("to")),
+          output(window.findChild<QLineEdit*>("output")),
+          report(window.findChild<QPlainTextEdit*>("report")) {}
+
+    // Starts the run, takes its report when it is there, and leaves the form.
+    void Run(std::string& text) const {
+        QObject::connect(
+            report, &QPlainTextEdit::textChanged, &window,
+            [form = *this, &text] {
+                if (form.report->toPlainText().isEmpty()) return;
+                text = form.report->toPlainText().toStdString();
+                QTest::keyClick(&form.window, Qt::Key_Escape);
+            },
+            Qt::QueuedConnection);
+        ClickNamed("start")(window);
+    }
+
+    QWidget& window;
+    QComboBox* to;
+    QLineEdit* output;
+    QPlainTextEdit* report;
+};
+
+void TranslateInBatch(Program& program) { program.Press(Qt::Key_B, Qt::ControlModifier); }
 
 }  // namespace
 
@@ -32,24 +63,22 @@ TEST(Batch, TranslatesTheSavedDrawingCertifiesAndOpensTheResult) {
     const QString drawing = program.Example("control_panel.dxf");
     ASSERT_TRUE(program.window.GetFiles().Open(drawing));
     program.desktop.SetLanguage(program.Active(), 1);
-    std::string refused, report;
+    std::string report;
     QString output;
-    Usuario user;
-    user.EntaoNoQt(ClickBox(QMessageBox::Save)).EntaoNoQt([&](QWidget& form) {
-        auto* to = form.findChild<QComboBox*>("to");
-        EXPECT_EQ(form.findChild<QComboBox*>("from")->currentText(), "Português");
-        to->setFocus();
-        while (to->currentText() != "Deutsch") QTest::keyClick(to, Qt::Key_Down);
-        auto* field = form.findChild<QLineEdit*>("output");
-        output = field->text();
-        field->setText(drawing);
-        refused = ReportOf(form);
-        field->setText(output);
-        report = ReportOf(form);
-        QTest::keyClick(&form, Qt::Key_Escape);
+    When<QMessageBox>([](QWidget& box) { ClickBox(QMessageBox::Save)(box); });
+    When<desktop::BatchDialog>([&](QWidget& window) {
+        const Form form(window);
+        EXPECT_EQ(window.findChild<QComboBox*>("from")->currentText(), "Português");
+        form.to->setFocus();
+        while (form.to->currentText() != "Deutsch") QTest::keyClick(form.to, Qt::Key_Down);
+        output = form.output->text();
+        form.output->setText(drawing);
+        ClickNamed("start")(window);
+        EXPECT_TRUE(form.report->toPlainText().startsWith("Choose another file"));
+        form.output->setText(output);
+        form.Run(report);
     });
-    user.Durante([&] { program.Press(Qt::Key_B, Qt::ControlModifier); });
-    EXPECT_THAT(refused, HasSubstr("Choose another file"));
+    TranslateInBatch(program);
     EXPECT_EQ(output, program.File("control_panel_Deutsch.dxf"));
     EXPECT_THAT(report, HasSubstr("Certificate: "));
     EXPECT_THAT(report, HasSubstr(", 0 other values changed"));
@@ -60,16 +89,14 @@ TEST(Batch, TranslatesTheSavedDrawingCertifiesAndOpensTheResult) {
 
 TEST(Batch, ARunThatFailsSaysWhyAndWritesNothing) {
     Program program;
-    const QString drawing = program.Example("control_panel.dxf");
-    ASSERT_TRUE(program.window.GetFiles().Open(drawing));
+    ASSERT_TRUE(program.window.GetFiles().Open(program.Example("control_panel.dxf")));
     std::string report;
-    Usuario user;
-    user.EntaoNoQt([&](QWidget& form) {
-        form.findChild<QLineEdit*>("output")->setText(program.File("none/out.dxf"));
-        report = ReportOf(form);
-        QTest::keyClick(&form, Qt::Key_Escape);
+    When<desktop::BatchDialog>([&](QWidget& window) {
+        const Form form(window);
+        form.output->setText(program.File("none/out.dxf"));
+        form.Run(report);
     });
-    user.Durante([&] { program.Press(Qt::Key_B, Qt::ControlModifier); });
+    TranslateInBatch(program);
     EXPECT_THAT(report, HasSubstr("none/out.dxf"));
     EXPECT_EQ(program.desktop.Host().Documents().GetDocumentCount(), 1);
 }
