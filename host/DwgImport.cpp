@@ -36,6 +36,7 @@ void Convert(const std::string& drawing, QStringList command, std::chrono::milli
     const QString program = command.takeFirst();
     QProcess process;
     process.setWorkingDirectory(folder);
+    process.setProcessChannelMode(QProcess::MergedChannels);
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(program, command);
     if (!process.waitForStarted())

@@ -3,12 +3,12 @@
 
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QThread>
 #include <memory>
 
 #include "apps/desktop/Texts.h"
+#include "apps/desktop/WrappedLabel.h"
 #include "host/DatabaseUrl.h"
 #include "host/Dictionary.h"
 #include "host/Error.h"
@@ -19,11 +19,9 @@ DatabaseCheck::DatabaseCheck(std::function<QString()> url, QWidget* parent)
     : QWidget(parent),
       url(std::move(url)),
       button(new QPushButton(Say("&Test"))),
-      result(new QLabel) {
+      result(new WrappedLabel) {
     button->setObjectName("test");
     result->setObjectName("testResult");
-    result->setTextFormat(Qt::PlainText);
-    result->setWordWrap(true);
     result->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -34,12 +32,12 @@ DatabaseCheck::DatabaseCheck(std::function<QString()> url, QWidget* parent)
 
 void DatabaseCheck::Start() {
     button->setEnabled(false);
-    result->setText(Say("Connecting…"));
+    result->Show(Say("Connecting…"));
     const auto told = std::make_shared<QString>();
     QThread* const thread =
         QThread::create([address = url(), told] { *told = TryDictionary(address); });
     connect(thread, &QThread::finished, this, [this, told] {
-        result->setText(*told);
+        result->Show(*told);
         button->setEnabled(true);
     });
     // The form may be gone by then.

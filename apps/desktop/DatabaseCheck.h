@@ -4,10 +4,11 @@
 #include <QWidget>
 #include <functional>
 
-class QLabel;
 class QPushButton;
 
 namespace desktop {
+
+class WrappedLabel;
 
 // Tries on a thread of its own, since a server may take its time to be out of reach. Creates and
 // changes nothing.
@@ -20,7 +21,7 @@ class DatabaseCheck : public QWidget {
 
     std::function<QString()> url;
     QPushButton* button;
-    QLabel* result;
+    WrappedLabel* result;
 };
 
 // Opens the dictionary and tells what it holds, or why it cannot be used, in one line.

@@ -5,13 +5,13 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include "apps/desktop/Texts.h"
+#include "apps/desktop/WrappedLabel.h"
 
 namespace desktop {
 
@@ -31,10 +31,9 @@ QString StateOf(const LeftWork& work) {
 RecoveryDialog::RecoveryDialog(const std::vector<LeftWork>& works, QWidget* parent)
     : QDialog(parent), works(works), list(new QTreeWidget) {
     setWindowTitle(Say("Unsaved work"));
-    auto* question = new QLabel(
+    auto* question = new WrappedLabel(
         Say("The program ended before this work was saved. Opened work is not saved until you "
             "save it; the drawings on disk are as they were."));
-    question->setWordWrap(true);
     list->setObjectName("works");
     list->setRootIsDecorated(false);
     list->setHeaderLabels({Say("Drawing"), Say("Folder"), Say("State")});

@@ -7,6 +7,7 @@
 #include "apps/desktop/MainWindow.h"
 #include "apps/desktop/RecoveryDialog.h"
 #include "apps/desktop/Texts.h"
+#include "apps/painter/ListBuilder.h"
 
 namespace desktop {
 
@@ -50,7 +51,10 @@ void RecoveryKeeper::Offer(MainWindow& window) {
 }
 
 void RecoveryKeeper::Open(const LeftWork& work, MainWindow& window) {
-    window.GetFiles().onLoaded(work.drawing, QString::fromStdString(work.fileName), nullptr);
+    auto list = std::make_shared<const painter::DisplayList>(
+        std::move(*painter::BuildDisplayList(*work.drawing)));
+    window.GetFiles().onLoaded(work.drawing, QString::fromStdString(work.fileName),
+                               std::move(list));
     recovery.Adopt(work, *desktop.Active());
 }
 

@@ -23,6 +23,7 @@ class RecoveryKeeper : public DocumentListener {
     // Asks what is to become of the work that earlier programs left, if they left some.
     void Offer(MainWindow& window);
     void Tick();  // what the timer does
+    void WaitForDisk() { recovery.WaitForDisk(); }
 
     void Saved(host::Document& document) override { recovery.Forget(document); }
     void Closing(host::Document& document) override { recovery.Forget(document); }

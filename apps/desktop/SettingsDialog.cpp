@@ -7,16 +7,18 @@
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProcess>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QVBoxLayout>
 
 #include "apps/desktop/DatabaseCheck.h"
+#include "apps/desktop/MainWindow.h"
 #include "apps/desktop/SettingsChoices.h"
 #include "apps/desktop/Texts.h"
+#include "apps/desktop/WrappedLabel.h"
 #include "host/DatabaseUrl.h"
 #include "host/Error.h"
 #include "platform/win32/CodePages.h"
@@ -26,9 +28,7 @@ namespace desktop {
 namespace {
 
 QLabel* Note(const QString& text) {
-    auto* note = new QLabel(text);
-    note->setTextFormat(Qt::PlainText);
-    note->setWordWrap(true);
+    auto* note = new WrappedLabel(text);
     note->setForegroundRole(QPalette::PlaceholderText);
     return note;
 }
@@ -49,7 +49,7 @@ QPushButton* BrowseButton(const char* name) {
 }
 
 // Arguments of a program as one line that QProcess::splitCommand takes apart again.
-QString CommandLine(const QStringList& arguments) {
+QString JoinedCommand(const QStringList& arguments) {
     QStringList quoted;
     for (QString argument : arguments) {
         const bool plain = !argument.isEmpty() && !argument.contains(u' ');
@@ -67,20 +67,20 @@ SettingsDialog::SettingsDialog(host::Settings& settings, QWidget* parent)
       language(new QComboBox),
       codePage(new QComboBox),
       databaseUrl(new QLineEdit(settings.DatabaseUrl())),
-      converter(new QLineEdit(CommandLine(settings.DwgConverter()))),
+      converter(new QLineEdit(JoinedCommand(settings.DwgConverter()))),
+      seconds(new QSpinBox),
       networkFolder(new QLineEdit(settings.NetworkFolder())),
       recent(new QListWidget),
-      complaint(new QLabel) {
+      complaint(new WrappedLabel) {
     setWindowTitle(Say("Settings"));
     language->setObjectName("language");
     codePage->setObjectName("codePage");
     databaseUrl->setObjectName("databaseUrl");
     converter->setObjectName("converter");
+    seconds->setObjectName("seconds");
     networkFolder->setObjectName("networkFolder");
     recent->setObjectName("recent");
     complaint->setObjectName("complaint");
-    complaint->setTextFormat(Qt::PlainText);
-    complaint->setWordWrap(true);
     complaint->hide();
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -138,6 +138,9 @@ QWidget* SettingsDialog::FilesBox() {
     form->addRow(Say("&Code page of the exchange file:"), codePage);
     converter->setPlaceholderText(Say("PROGRAM {in} {out}"));
     form->addRow(Say("Con&verter for DWG:"), converter);
+    seconds->setRange(1, 3600);
+    seconds->setValue(settings.DwgSeconds());
+    form->addRow(Say("&Seconds that it may take:"), seconds);
     form->addRow(
         Note(Say("A program that reads the DWG file {in} and writes the DXF file {out}. "
                  "Empty: DWG files are not opened.")));
@@ -172,9 +175,10 @@ QWidget* SettingsDialog::RecentBox() {
 }
 
 void SettingsDialog::BrowseDictionary() {
-    const QString file = QFileDialog::getSaveFileName(this, Say("Dictionary"), QString(),
-                                                      Say("Dictionaries (*.sqlite);;All files (*)"),
-                                                      nullptr, QFileDialog::DontConfirmOverwrite);
+    const QString file =
+        QFileDialog::getSaveFileName(this, Say("Dictionary"), QString(),
+                                     Say("Dictionaries (*.sqlite)") + ";;" + Say("All files (*)"),
+                                     nullptr, QFileDialog::DontConfirmOverwrite);
     if (!file.isEmpty()) databaseUrl->setText("sqlite:" + file);
 }
 
@@ -219,8 +223,7 @@ void SettingsDialog::accept() {
             reason = QString::fromUtf8(error.what());
         }
     }
-    complaint->setText(reason);
-    complaint->show();
+    complaint->Show(reason);
 }
 
 void SettingsDialog::Store() {
@@ -229,10 +232,16 @@ void SettingsDialog::Store() {
     settings.SetCodePage(CodePage());
     SetAnsiCodePage(CodePage());  // from the next exchange file on
     settings.SetDwgConverter(QProcess::splitCommand(converter->text()));
+    settings.SetDwgSeconds(seconds->value());
     settings.SetNetworkFolder(networkFolder->text());
     QStringList files;
     for (int row = 0; row < recent->count(); ++row) files << recent->item(row)->text();
     settings.SetRecentFiles(files);
+}
+
+void AddSettingsEntry(MainWindow& window) {
+    window.AddEntry("&Edit", "SETTINGS", "Se&ttings…",
+                    [&window] { SettingsDialog(window.GetDesktop().Settings(), &window).exec(); });
 }
 
 }  // namespace desktop

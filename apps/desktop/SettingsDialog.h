@@ -6,11 +6,14 @@
 #include "host/Settings.h"
 
 class QComboBox;
-class QLabel;
 class QLineEdit;
 class QListWidget;
+class QSpinBox;
 
 namespace desktop {
+
+class MainWindow;
+class WrappedLabel;
 
 // Nothing is stored before OK, and nothing at all while a field holds what cannot be used: the form
 // then says so and stays.
@@ -36,9 +39,12 @@ class SettingsDialog : public QDialog {
     QComboBox* codePage;
     QLineEdit* databaseUrl;
     QLineEdit* converter;
+    QSpinBox* seconds;
     QLineEdit* networkFolder;
     QListWidget* recent;
-    QLabel* complaint;
+    WrappedLabel* complaint;
 };
+
+void AddSettingsEntry(MainWindow& window);  // to the menu and the command line
 
 }  // namespace desktop

@@ -28,8 +28,8 @@ class OdDbDatabase : public OdRxObject {
     ~OdDbDatabase() override;
 
     // Format, version and code page stay those of the file that was read. Raises OdError
-    // (eFileWriteError, eFileChanged) with the old file left as it was. force and verify as dxf::Store::Save; an
-    // OdError of verify comes through as it is.
+    // (eFileWriteError, eFileChanged) with the old file left as it was. force and verify as
+    // dxf::Store::Save; an OdError of verify comes through as it is.
     void writeFile(const std::string& nativePath, bool force = false,
                    const dxf::Store::Verify& verify = {});
     std::string toBytes();  // what writeFile would write

@@ -42,14 +42,20 @@ class Installed : public testing::Test {
 
     static QString Root(const QString& path) { return work->filePath("root/usr/" + path); }
 
-    static Ended Run(const QString& program, const QStringList& arguments) {
+    // As a user of the root who never used the programs before.
+    static QProcessEnvironment Environment() {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
             environment.insert(name, work->path());
         for (const char* name : {"LD_LIBRARY_PATH", "KELVARA_DATABASE"}) environment.remove(name);
         environment.insert("LC_ALL", "C.UTF-8");
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        return environment;
+    }
+
+    static Ended Run(const QString& program, const QStringList& arguments) {
         QProcess process;
-        process.setProcessEnvironment(environment);
+        process.setProcessEnvironment(Environment());
         process.setWorkingDirectory(work->path());
         process.start(program, arguments);
         EXPECT_TRUE(process.waitForFinished(120000)) << program.toStdString();
@@ -135,6 +141,32 @@ TEST_F(Installed, ProgramsTranslateAndPaint) {
     EXPECT_GT(marks, 1000);
 }
 
+// The log goes to stderr, so that a line of it tells when the dialog is there.
+TEST_F(Installed, DesktopStartsItsModuleAndFindsTheCatalogues) {
+    const QString drawing = Root("share/doc/kelvara/examples/block_pages.dxf");
+    const Ended quit = Run(Root("bin/kelvara-desktop"), {drawing, "--run", "QUIT"});
+    EXPECT_EQ(quit.status, 0) << quit.err.toStdString();
+
+    QProcess process;
+    process.setProcessEnvironment(Environment());
+    process.setReadChannel(QProcess::StandardError);
+    process.start(Root("bin/kelvara-desktop"),
+                  {drawing, "--log", "/dev/stderr", "--run", "KVTRANSLATEPROJ"});
+    QByteArray log;
+    while (!log.contains("TQTradutor.config") && process.waitForReadyRead(60000))
+        log += process.readAll();
+    EXPECT_TRUE(log.replace('\\', '/').replace("//", "/").contains(
+        "Loading " + Root("lib/kelvara/program/TQTradutor.config").toUtf8()))
+        << log.toStdString();
+    QFile maps(QStringLiteral("/proc/%1/maps").arg(process.processId()));
+    ASSERT_TRUE(maps.open(QIODevice::ReadOnly));
+    const QByteArray mapped = maps.readAll();
+    EXPECT_TRUE(mapped.contains(Root("lib/kelvara/TQTradutor.so").toUtf8()));
+    EXPECT_FALSE(mapped.contains(KV_BINARY_DIR "/lib"));
+    process.kill();
+    EXPECT_TRUE(process.waitForFinished());
+}
+
 // The words of a help text that are commands or options.
 QStringList Offered(const QString& help) {
     QStringList names;
@@ -187,6 +219,8 @@ TEST_F(Installed, DesktopKnowsDrawingsAndTheirProgram) {
     QSettings entry(Root("share/applications/kelvara.desktop"), QSettings::IniFormat);
     entry.beginGroup("Desktop Entry");
     EXPECT_EQ(entry.value("MimeType").toString(), "image/vnd.dxf");
+    const QString program = entry.value("Exec").toString().section(u' ', 0, 0);
+    EXPECT_TRUE(QFileInfo(Root("bin/" + program)).isExecutable()) << program.toStdString();
     QSvgRenderer icon(
         Root("share/icons/hicolor/scalable/apps/" + entry.value("Icon").toString() + ".svg"));
     EXPECT_TRUE(icon.isValid());

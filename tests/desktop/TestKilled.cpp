@@ -1,4 +1,4 @@
-// A program that is killed at random moments while it works and saves.
+// The program killed at random moments while it works and saves.
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -50,10 +50,13 @@ class Killed : public testing::TestWithParam<unsigned> {
     std::map<std::string, int> Work(const QString& variable, const QString& value, bool& killed) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(variable, value);
+        // A sanitizer wants to be the first library.
+        environment.insert("ASAN_OPTIONS",
+                           environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
         environment.insert("LD_PRELOAD", KV_BINARY_DIR "/lib/die_at.so");
         QProcess process;
         process.setProcessEnvironment(environment);
-        process.start(KV_BINARY_DIR "/bin/recovery_worker",
+        process.start(KV_BINARY_DIR "/bin/desktop_worker",
                       {folder.path(), QString::number(kSteps)});
         EXPECT_TRUE(process.waitForFinished(60000));
         killed = process.exitStatus() == QProcess::CrashExit;
