@@ -15,7 +15,10 @@ namespace dxf {
 struct Edit {
     Overlay overlay;
     mutable std::unique_ptr<const std::string> patched;  // the record under a patch, once asked for
-    Overlay savedOverlay;                                // as of the last save
+    // What the record was at the last save. Kept by the first change after that save, which notes
+    // how many saves there had been.
+    std::unique_ptr<const Overlay> savedOverlay;  // null: as in the file
+    uint32_t saves = 0;
     bool savedErased = false;
 };
 
