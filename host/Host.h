@@ -60,6 +60,8 @@ class Host : private CMxSystemServices,
     // Opens the database now. Throws host::Error when it cannot be used; without this call that is
     // logged, and the queries fail.
     void OpenDatabase();
+    // Ends its thread, and gives back the memory that it holds; the next query opens it again.
+    void CloseDatabase() { database.reset(); }
 
     // The language of an open document's project, -1 when it has none.
     int32_t ProjectLanguage(Document& document);

@@ -32,26 +32,33 @@ dxf::RecordIndex FirstRecordBehind(const dxf::Store& store, size_t offset) {
     return first;
 }
 
-// Looks for a record of the file before, as it stands there, about the same place of the new file.
-// A wrong one does no harm: the comparison up to it does not end at it then.
+// A record of the file before as it stands there, in the new file about a place.
+std::optional<size_t> FindNear(std::string_view after, std::string_view record, size_t place) {
+    const size_t window = after.size() / 256 + 4096;
+    const size_t from = place - std::min(place, window);
+    if (from >= after.size()) return std::nullopt;
+    const std::string_view near = after.substr(from, 2 * window);
+    const std::boyer_moore_horspool_searcher searcher(record.begin(), record.end());
+    const auto found = std::search(near.begin(), near.end(), searcher);
+    if (found == near.end()) return std::nullopt;
+    return from + static_cast<size_t>(found - near.begin());
+}
+
+// The new file has grown evenly, or behind the middle alone, as records make it. A wrong seam does
+// no harm: the comparison up to it does not end at it then.
 std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after) {
-    constexpr dxf::RecordIndex kTries = 8;
-    constexpr size_t kLeastWindow = 4096;
+    constexpr dxf::RecordIndex kTries = 4;
     const std::string_view before = store.Original();
+    const double growth = static_cast<double>(after.size()) / static_cast<double>(before.size());
     const dxf::RecordIndex middle = FirstRecordBehind(store, before.size() / 2);
     for (dxf::RecordIndex i = middle; i < middle + kTries && i + 1 < store.FileCount(); ++i) {
         if (store.At(i).handle == 0) continue;
         const size_t place = store.At(i).offset;
         const std::string_view record = before.substr(place, store.At(i + 1).offset - place);
-        const size_t window = before.size() / 16 + kLeastWindow;
-        const size_t from = place - std::min(place, window);
-        if (from >= after.size()) return std::nullopt;
-        const std::string_view near = after.substr(from, 2 * window);
-        const auto found =
-            std::search(near.begin(), near.end(),
-                        std::boyer_moore_horspool_searcher(record.begin(), record.end()));
-        if (found == near.end()) continue;
-        return Seam{i, place, from + static_cast<size_t>(found - near.begin())};
+        const auto grown = static_cast<size_t>(static_cast<double>(place) * growth);
+        for (const size_t guess : {grown, place}) {
+            if (const auto found = FindNear(after, record, guess)) return Seam{i, place, *found};
+        }
     }
     return std::nullopt;
 }

@@ -64,7 +64,9 @@ struct ByHandle {
 }  // namespace
 
 void SortByHandle(std::vector<ExpectedText>& texts) {
-    std::sort(texts.begin(), texts.end(), ByHandle());
+    if (!std::is_sorted(texts.begin(), texts.end(), ByHandle())) {
+        std::sort(texts.begin(), texts.end(), ByHandle());
+    }
 }
 
 Comparison::Comparison(const dxf::Store& store, std::string_view after,

@@ -56,6 +56,8 @@ void EndProcess() {
 
 void Session::OpenDatabase() { host->OpenDatabase(); }
 
+void Session::CloseDatabase() { host->CloseDatabase(); }
+
 void Session::RequireReadableTerms() const {
     try {
         host::Dictionary(QString::fromStdString(DatabaseUrlOf(options))).ReadTerms();

@@ -15,35 +15,19 @@ namespace {
 
 using traducaoTQ::ETraduzivel;
 
-// Every object is an object of one line: the lines own them from here on and give them up one line
-// after the other.
-class ObjectsOfLines {
-  public:
-    explicit ObjectsOfLines(TranslationTable& table) : lines(*table.table.expressoes) {
-        delete table.objects.release();  // the list, not the objects
+// The objects of the dropped lines go too; the table's list holds the others.
+void DropUntranslatedLines(TranslationTable& table) {
+    auto& lines = *table.table.expressoes;
+    table.objects->clear();  // every object is an object of one line
+    std::erase_if(lines, [](const auto& line) {
+        if (IsTranslated(*line)) return false;
+        for (const ETraduzivel* object : line->objetos) delete object;
+        return true;
+    });
+    for (const auto& line : lines) {
+        table.objects->insert(table.objects->end(), line->objetos.begin(), line->objetos.end());
     }
-    ~ObjectsOfLines() {
-        for (const auto& line : lines) Destroy(*line);
-    }
-    ObjectsOfLines(const ObjectsOfLines&) = delete;
-    ObjectsOfLines& operator=(const ObjectsOfLines&) = delete;
-
-    void Destroy(structExpressao& line) {
-        for (const ETraduzivel* object : line.objetos) delete object;
-        std::vector<ETraduzivel*>().swap(line.objetos);
-    }
-
-    void DropUntranslatedLines() {
-        std::erase_if(lines, [this](const auto& line) {
-            if (IsTranslated(*line)) return false;
-            Destroy(*line);
-            return true;
-        });
-    }
-
-  private:
-    traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines;
-};
+}
 
 class TextWriter {
   public:
@@ -106,6 +90,7 @@ struct Place {
 
 std::vector<Place> PlacesOf(const TranslationTable& table) {
     std::vector<Place> places;
+    places.reserve(table.objects->size());
     for (const auto& line : table.Lines()) {
         for (ETraduzivel* object : line->objetos) {
             places.push_back({HandleOf(*object), object, line.get()});
@@ -118,8 +103,7 @@ std::vector<Place> PlacesOf(const TranslationTable& table) {
 
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
-    ObjectsOfLines objects(table);
-    objects.DropUntranslatedLines();
+    DropUntranslatedLines(table);
     std::vector<Place> places = PlacesOf(table);
     // In the order of their coming they stand side by side in the file. Records are made in the
     // order of the lines, from which they have their handles.

@@ -47,6 +47,7 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     progress.Phase("matching");
     TranslationTable table =
         MakeTable(session, dictionary.get(), std::move(objects), arguments.languages, keep);
+    session.CloseDatabase();
     const std::string csv = arguments.csv.empty() ? std::string() : ToCsv(table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
     if (arguments.csv.empty()) {

@@ -3,6 +3,7 @@
 
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/ReadBack.h"
 #include "platform/text/Conversion.h"
 
 namespace cli {
@@ -69,6 +70,9 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
     }
     table.objects = std::move(objects);
     table.table.AgruparExpressoes(*table.objects);
+    for (traducaoTQ::ETraduzivel* object : *table.objects) {
+        if (!IsBlockText(*object)) object->SoltarTexto();  // the lines hold it
+    }
     table.table.AtualizarExpressoes(
         table.from.descr, table.to ? std::optional<TQString>(table.to->descr) : std::nullopt);
     return table;

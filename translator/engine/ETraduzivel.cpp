@@ -36,6 +36,11 @@ void ETraduzivel::SetTexto(TQString) {}
 
 uint32_t ETraduzivel::GetTipo() const { return tipo; }
 
+void ETraduzivel::SoltarTexto() {
+    TQString().swap(texto);
+    temTexto = false;
+}
+
 EAtributoTrad::EAtributoTrad(TQString texto, TQString chave)
     : ETraduzivel(TipoAtributo, std::move(texto), std::move(chave)) {}
 

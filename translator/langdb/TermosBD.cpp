@@ -4,6 +4,7 @@
 // position. Both are meant, and the same as long as the keys are 1 to n.
 #include <QStringList>
 
+#include "platform/kernel/KVSqlText.h"
 #include "translator/langdb/Banco.h"
 #include "translator/langdb/IBDIdiomas.h"
 
@@ -52,29 +53,48 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
                     .arg(colunas.join(",")));
             return consulta;
         }
+
+        // The rows become terms as they come: both beside each other would be twice the memory.
+        CKVQueryResponse Execute(QSqlDatabase banco) const override {
+            termos.clear();
+            QSqlQuery consulta = Prepare(banco);
+            if (consulta.lastError().isValid()) {
+                return CKVQueryResponse::Failure(consulta.lastError());
+            }
+            consulta.setForwardOnly(true);
+            if (!consulta.exec()) return CKVQueryResponse::Failure(consulta.lastError());
+            const bool codificado = sqltext::NeedsEncoding(banco);
+            while (consulta.next()) termos.push_back(TermoDe(consulta, codificado));
+            if (consulta.lastError().isValid()) {
+                return CKVQueryResponse::Failure(consulta.lastError());
+            }
+            return CKVQueryResponse(CKVQueryResponse::Rows());
+        }
+        mutable std::vector<structTermo> termos;
+
+      private:
+        structTermo TermoDe(const QSqlQuery& linha, bool codificado) const {
+            structTermo termo;
+            termo.key = linha.value(0).toInt();
+            termo.translations.reserve(idiomas.size());
+            for (size_t i = 1; i <= idiomas.size(); ++i) {
+                const QString texto = linha.value(static_cast<int>(i)).toString();
+                termo.translations.emplace_back(codificado ? sqltext::Decoded(texto) : texto);
+            }
+            return termo;
+        }
     };
 
     auto consulta = std::make_shared<CQueryGetTerms>();
     consulta->idiomas = std::move(idiomas);
-    CKVQueryResponse resposta = BancoDeDados()->ExecuteSync(consulta);
-    auto& linhas = resposta.getResult();
-    if (resposta.failed() || linhas.empty()) return nullptr;
+    const CKVQueryResponse resposta = BancoDeDados()->ExecuteSync(consulta);
+    if (resposta.failed() || consulta->termos.empty()) return nullptr;
 
     auto traducoes = std::make_unique<structTraducoes>();
     for (const structIdioma& idioma : consulta->idiomas) {
         traducoes->languages.push_back(idioma.descr);
     }
-    traducoes->terms.reserve(linhas.size());
-    // Row by row: the terms take the memory that the rows give up.
-    for (; !linhas.empty(); linhas.pop_front()) {
-        const auto& linha = linhas.front();
-        structTermo& termo = traducoes->terms.emplace_back();
-        termo.key = linha[0].toInt();
-        termo.translations.reserve(linha.size() - 1);
-        for (size_t i = 1; i < linha.size(); ++i) {
-            termo.translations.emplace_back(linha[i].toString());
-        }
-    }
+    traducoes->terms = std::move(consulta->termos);
     return traducoes;
 }
 

@@ -36,8 +36,11 @@ class LateText {
 // What differs from the file in one record.
 struct Edit {
     Overlay overlay;
-    LateText patched;      // the record under a patch
-    Overlay savedOverlay;  // as of the last save
+    LateText patched;  // the record under a patch
+    // What the record was at the last save. Kept by the first change after that save, which notes
+    // how many saves there had been.
+    std::unique_ptr<const Overlay> savedOverlay;  // null: as in the file
+    uint32_t saves = 0;
     bool savedErased = false;
 };
 

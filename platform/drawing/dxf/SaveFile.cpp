@@ -71,23 +71,39 @@ int WriteAll(int file, std::string_view bytes) {
 }
 
 // Drawings mostly change in small pieces: copying those into a buffer is cheaper than handing each
-// to the kernel. Large ones go as they are.
-int WritePieces(int file, const std::vector<std::string_view>& pieces) {
-    constexpr size_t kGather = 256 * 1024, kLarge = 64 * 1024;
-    std::string gathered;
-    gathered.reserve(kGather);
-    for (const std::string_view piece : pieces) {
-        if (gathered.size() + piece.size() > kGather || piece.size() >= kLarge) {
-            if (const int error = WriteAll(file, gathered)) return error;
-            gathered.clear();
-        }
-        if (piece.size() < kLarge) {
+// to the kernel. Large ones go as they are. Behind an error nothing more is written.
+class GatheringFile {
+  public:
+    explicit GatheringFile(int file) : file(file) { gathered.reserve(kGather); }
+
+    void Add(std::string_view piece) {
+        const bool large = piece.size() >= kLarge;
+        if (large || gathered.size() + piece.size() > kGather) Flush();
+        if (!large) {
             gathered += piece;
-        } else if (const int error = WriteAll(file, piece)) {
-            return error;
+        } else if (error == 0) {
+            error = WriteAll(file, piece);
         }
     }
-    return WriteAll(file, gathered);
+    void Flush() {
+        if (error == 0) error = WriteAll(file, gathered);
+        gathered.clear();
+    }
+    int Error() const { return error; }
+
+  private:
+    static constexpr size_t kGather = 256 * 1024, kLarge = 64 * 1024;
+
+    int file;
+    std::string gathered;
+    int error = 0;  // 0 or an errno
+};
+
+int WriteContent(int file, const Content& content) {
+    GatheringFile gathering(file);
+    content([&](std::string_view piece) { gathering.Add(piece); });
+    gathering.Flush();
+    return gathering.Error();
 }
 
 // The file that a path means: what a link points at, else the path itself.
@@ -176,8 +192,8 @@ void SyncFolder(const std::string& target) {
 
 // The disk takes the file while it is verified.
 void WriteAndVerify(Descriptor& file, const Temporary& temporary, const std::string& target,
-                    const std::vector<std::string_view>& pieces, const VerifyTemporary& verify) {
-    if (const int error = WritePieces(file.Number(), pieces))
+                    const Content& content, const VerifyTemporary& verify) {
+    if (const int error = WriteContent(file.Number(), content))
         Fail(target, "the file cannot be written", error);
     auto synced =
         std::async(std::launch::async, [&file] { return ::fsync(file.Number()) == 0 ? 0 : errno; });
@@ -199,14 +215,13 @@ bool IdentifyFile(const std::string& path, FileIdentity& identity) {
     return true;
 }
 
-void ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces,
-                 const VerifyTemporary& verify) {
+void ReplaceFile(const std::string& path, const Content& content, const VerifyTemporary& verify) {
     const std::string target = Resolved(path);
     Temporary temporary = CreateTemporary(target);
     Descriptor file(temporary.file);
     Removal removal(temporary.named ? temporary.path : "");
     TakePermissions(file.Number(), target);
-    WriteAndVerify(file, temporary, target, pieces, verify);
+    WriteAndVerify(file, temporary, target, content, verify);
     if (!temporary.named) {
         GiveName(temporary, target);
         removal.Of(temporary.path);
@@ -217,18 +232,17 @@ void ReplaceFile(const std::string& path, const std::vector<std::string_view>& p
     SyncFolder(target);
 }
 
-void WriteToStandardOutput(const std::vector<std::string_view>& pieces,
-                           const VerifyTemporary& verify) {
+void WriteToStandardOutput(const Content& content, const VerifyTemporary& verify) {
     if (verify) {
         const Temporary temporary = CreateTemporary(
             (std::filesystem::temp_directory_path() / "standard-output.dxf").string());
         Descriptor file(temporary.file);
         const Removal removal(temporary.named ? temporary.path : "");
-        if (const int error = WritePieces(file.Number(), pieces))
+        if (const int error = WriteContent(file.Number(), content))
             Fail(temporary.path, "the drawing cannot be written", error);
         verify(temporary.path);
     }
-    if (const int error = WritePieces(STDOUT_FILENO, pieces))
+    if (const int error = WriteContent(STDOUT_FILENO, content))
         throw Error("standard output: the drawing cannot be written: " +
                     std::string(std::strerror(error)));
 }

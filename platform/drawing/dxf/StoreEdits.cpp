@@ -99,6 +99,16 @@ std::string Store::Impl::Applied(RecordIndex number, const Overlay& overlay) con
     return bytes.replace(overlay.At(), overlay.Removed(), overlay.Inserted());
 }
 
+// The edit of a record that is about to change.
+Edit& Store::Impl::EditToChange(RecordIndex number) {
+    Edit& edit = edits.Of(number);
+    if (edit.saves == saves) return edit;
+    edit.saves = saves;
+    edit.savedErased = index.records[number].flags & kErased;
+    edit.savedOverlay = edit.overlay ? std::make_unique<const Overlay>(edit.overlay) : nullptr;
+    return edit;
+}
+
 void Store::Impl::SetOverlay(RecordIndex number, Overlay overlay) {
     Record& record = index.records[number];
     const bool inserted = record.flags & kInserted;
@@ -106,9 +116,9 @@ void Store::Impl::SetOverlay(RecordIndex number, Overlay overlay) {
     if (!inserted && overlay && overlay.Inserted() == FileBytes(number)) overlay = Overlay();
     const Record description =
         Describe(overlay ? overlay.Inserted() : FileBytes(number), record.section);
+    Edit& edit = EditToChange(number);
     if (overlay && !inserted) record.flags |= kOverlaid;
     if (!overlay) record.flags &= ~kOverlaid;
-    Edit& edit = edits.Of(number);
     edit.patched.Reset();
     edit.overlay = std::move(overlay);
     TakeDescription(number, description);
@@ -144,7 +154,7 @@ void Store::Impl::Patch(RecordIndex number, const Group& group, std::string_view
     const auto at = uint32_t(group.value.data() - BytesOf(number).data());
     const auto removed = uint32_t(group.value.size());
     const uint32_t longer = uint32_t(value.size()) - removed;  // wraps where it gets shorter
-    Edit& edit = edits.Of(number);
+    Edit& edit = EditToChange(number);
     Overlay overlay = edit.overlay ? Joined(number, edit.overlay, at, removed, value)
                                    : Overlay(at, removed, value);
     const bool asInFile =
@@ -159,9 +169,9 @@ void Store::Impl::Patch(RecordIndex number, const Group& group, std::string_view
 }
 
 void Store::Impl::SetErasedFlag(RecordIndex number, bool erased) {
+    EditToChange(number);
     Record& record = index.records[number];
     record.flags = uint8_t(erased ? record.flags | kErased : record.flags & ~kErased);
-    edits.Of(number);
     ++changes;
 }
 
@@ -214,6 +224,7 @@ RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
     Edit& edit = impl->edits.Of(inserted);
     edit.overlay = Overlay(bytes);
     edit.savedErased = true;
+    edit.saves = impl->saves;
     impl->Link(inserted, where);
     impl->TakeDescription(inserted, description);
     ++impl->changes;
