@@ -7,25 +7,18 @@
 #include <QApplication>
 #include <QStandardItemModel>
 #include <QTreeView>
-#include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <random>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "bench/ProcessorTime.h"
 #include "platform/window/CListCtrl.h"
 
 namespace {
 
 constexpr int kRows = 100000, kColumns = 3, kRuns = 5, kSorted = 1;
-
-double Now() {
-    timespec now{};
-    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-    return double(now.tv_sec) * 1e3 + double(now.tv_nsec) * 1e-6;
-}
 
 double HeapBytes() {
     const struct mallinfo2 info = ::mallinfo2();
@@ -75,7 +68,7 @@ Times RunOurs(const std::vector<std::u16string>& texts) {
     g_sorted = &list;
 
     Times times;
-    const double heap = HeapBytes(), begin = Now();
+    const double heap = HeapBytes(), begin = ProcessorTime();
     for (int row = 0; row < kRows; ++row) {
         list.InsertItem(row, texts[size_t(row) * kColumns].c_str());
         list.SetItemData(row, reinterpret_cast<LPARAM>(&data[size_t(row)]));
@@ -83,14 +76,14 @@ Times RunOurs(const std::vector<std::u16string>& texts) {
             list.SetItemText(row, column, texts[size_t(row) * kColumns + column].c_str());
     }
     QApplication::processEvents();
-    const double filled = Now();
+    const double filled = ProcessorTime();
     times.bytes = HeapBytes() - heap;
     list.SortItems(Compare, 0);
     QApplication::processEvents();
-    const double sorted = Now();
+    const double sorted = ProcessorTime();
     list.EnsureVisible(kRows - 1, FALSE);
     QApplication::processEvents();
-    times.scroll = Now() - sorted;
+    times.scroll = ProcessorTime() - sorted;
     times.sort = sorted - filled;
     times.fill = filled - begin;
     for (int row = 1; row < kRows; ++row)
@@ -114,7 +107,7 @@ Times RunQt(const std::vector<std::u16string>& texts) {
     QApplication::processEvents();
 
     Times times;
-    const double heap = HeapBytes(), begin = Now();
+    const double heap = HeapBytes(), begin = ProcessorTime();
     for (int row = 0; row < kRows; ++row) {
         QList<QStandardItem*> items;
         for (int column = 0; column < kColumns; ++column)
@@ -123,14 +116,14 @@ Times RunQt(const std::vector<std::u16string>& texts) {
         model.appendRow(items);
     }
     QApplication::processEvents();
-    const double filled = Now();
+    const double filled = ProcessorTime();
     times.bytes = HeapBytes() - heap;
     view.sortByColumn(kSorted, Qt::AscendingOrder);
     QApplication::processEvents();
-    const double sorted = Now();
+    const double sorted = ProcessorTime();
     view.scrollToBottom();
     QApplication::processEvents();
-    times.scroll = Now() - sorted;
+    times.scroll = ProcessorTime() - sorted;
     times.sort = sorted - filled;
     times.fill = filled - begin;
     for (int row = 1; row < kRows; ++row)
@@ -141,8 +134,7 @@ Times RunQt(const std::vector<std::u16string>& texts) {
 double Median(const std::vector<Times>& runs, double Times::*part) {
     std::vector<double> values;
     for (const Times& run : runs) values.push_back(run.*part);
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
+    return MedianOf(values);
 }
 
 bool Print(const char* what, double ours, double theirs) {

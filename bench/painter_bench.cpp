@@ -1,7 +1,7 @@
 // Measures the painter: the repaint of 100,000 visible entities against a QGraphicsView with the
-// same lines and texts, and building the display list of a drawing. Times are user time.
+// same lines and texts. Times are user time.
 //
-// painter_bench repaint | painter_bench build DRAWING
+// painter_bench repaint
 #include <sys/resource.h>
 
 #include <QApplication>
@@ -139,23 +139,12 @@ int Repaint() {
     return 0;
 }
 
-int Build(const char* path) {
-    const double begin = UserSeconds();
-    OdDbDatabasePtr drawing = OdDbDatabase::readFile(path);
-    const double read = UserSeconds();
-    const auto list = painter::BuildDisplayList(*drawing);
-    std::printf("read %.1f ms, list %.1f ms, %zu items\n", (read - begin) * 1e3,
-                (UserSeconds() - read) * 1e3, list->items.size());
-    return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     if (argc == 2 && std::strcmp(argv[1], "repaint") == 0) return Repaint();
-    if (argc == 3 && std::strcmp(argv[1], "build") == 0) return Build(argv[2]);
-    std::fprintf(stderr, "usage: painter_bench repaint | painter_bench build DRAWING\n");
+    std::fprintf(stderr, "usage: painter_bench repaint\n");
     return 2;
 }

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Measures the programs on generated drawings and prints every figure beside what is asked of it.
 
-run.py BUILD [--sizes 10,100]: needs kelvara, dxf_bench and painter_bench in BUILD/bin; drawings stand in
-BUILD/bench and are kept for the next run. The exit status is 1 when a figure is missed.
+run.py BUILD [--sizes 10,100]: needs kelvara and the programs of this folder in BUILD/bin; drawings
+stand in BUILD/bench and are kept for the next run. The exit status is 1 when a figure is missed.
 """
 import argparse
 import csv
@@ -76,7 +76,8 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view", "painter_bench"):
+        for name in ("kelvara", "dxf_bench", "dictionary_bench", "editor_bench", "list_view",
+                     "dialog_bench", "painter_bench", "redefine_bench", "desktop_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -133,12 +134,12 @@ class Bench:
     def ezdxf_times(self, drawing):
         return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.folder / "ezdxf.dxf"])
 
-    def list_view(self):
-        """The list control against Qt's item model; the program tells its own figures."""
+    def program(self, name, *arguments):
+        """A program that tells its figures itself, with windows that nobody sees."""
         environment = {"QT_QPA_PLATFORM": "offscreen", **os.environ}
-        run = subprocess.run([self.programs / "list_view"], env=environment, check=False)
+        run = subprocess.run([self.programs / name, *arguments], env=environment, check=False)
         if run.returncode not in (0, 1):
-            raise Failure(f"list_view: exit status {run.returncode}")
+            raise Failure(f"{name}: exit status {run.returncode}")
         self.report.missed |= run.returncode != 0
 
     def translation(self, size):
@@ -188,6 +189,10 @@ class Bench:
         self.report.at_least("switch with its trial and certificate against ezdxf without",
                              theirs.seconds / ours.seconds, 40)
 
+    def editor(self, size):
+        drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
+        self.program("editor_bench", self.database(drawing))
+
     def growth(self):
         seconds = []
         for count, terms in ((20000, 10000), (200000, 100000)):
@@ -206,12 +211,12 @@ class Bench:
                             seconds[1] / seconds[0], 3)
 
     def painting(self, size):
-        """User times, since a window is painted beside other work."""
         drawing = self.drawing(f"{size}mb", size, "--terms", size * 1000)
         info = median(5, lambda: self.kelvara(None, "info", drawing))
-        build = median(5, lambda: Run([self.programs / "painter_bench", "build", drawing]))
-        print(build.out, end="")
-        self.report.at_most("reading and display list over kelvara info", build.user / info.user, 2)
+        painted = median(5, lambda: Run([self.programs / "desktop_bench", drawing]))
+        print(painted.out, end="")
+        self.report.at_most("a drawing on the screen over kelvara info",
+                            int(re.search(r"open (\d+) ms", painted.out)[1]) / 1e3 / info.seconds, 3)
         run = Run([self.programs / "painter_bench", "repaint"])
         print(run.out, end="")
         ours, theirs = (float(time) for time in re.findall(r"([\d.]+) ms", run.out))
@@ -225,12 +230,15 @@ def main():
     options = parser.parse_args()
     sizes = [int(size) for size in options.sizes.split(",")]
     bench = Bench(options.build.resolve())
-    bench.list_view()
+    bench.program("list_view")
+    bench.program("dialog_bench")
     for size in sizes:
         bench.store(size)
     bench.translation(sizes[-1])
     bench.dictionary(sizes[-1])
+    bench.editor(sizes[-1])
     bench.growth()
+    bench.program("redefine_bench")
     bench.language_switch(400000)
     bench.many_pages()
     bench.painting(sizes[-1])

@@ -11,20 +11,18 @@ import argparse
 import ezdxf
 from ezdxf.lldxf.types import DXFTag
 
-from translate_ezdxf import FIELD_END, NEVER_PAGES, SCHEME, VIRTUAL, WIRE
+from walk_ezdxf import VIRTUAL, Walk
 
 RECORDS, PROJECT, LANGUAGE, MARK = "VRN_TQ_OBJS_TRADS", "KV_PROJECT", "LANGUAGE", "EObjString"
 LONGEST = 250
 
 
-class Switch:
+class Switch(Walk):
     def __init__(self, doc, source, target):
-        self.doc = doc
+        super().__init__(doc)
         self.source = source
         self.target = target
         self.records = doc.rootdict[RECORDS]
-        self.blocks = set()
-        self.changed = 0
 
     def recorded(self, records, language):
         record = records.get(language)
@@ -54,63 +52,21 @@ class Switch:
         if not alone and self.recorded(records, self.source) != text:
             return None
         self.record(records, text)
-        self.changed += 1
         return new
 
-    def text(self, entity):
-        new = self.switched(entity.dxf.handle, entity.dxf.text)
-        if new is not None:
-            entity.dxf.text = new
+    def new_text(self, entity, text):
+        return self.switched(entity.dxf.handle, text)
 
-    def mtext(self, entity):
-        new = self.switched(entity.dxf.handle, entity.text)
-        if new is not None:
-            entity.text = new
-
-    def reference(self, entity):
-        for attribute in entity.attribs:
-            self.text(attribute)
-        if entity.dxf.name not in self.blocks and entity.dxf.name in self.doc.blocks:
-            self.blocks.add(entity.dxf.name)
-            for inner in self.doc.blocks[entity.dxf.name].query("TEXT"):
-                self.text(inner)
-
-    def strings(self, entity, application, skip, key_of):
-        if not entity.has_xdata(application):
-            return
-        entries, changed = entity.get_xdata(application), False
-        alone = len(entries) - skip == 1
-        for n in range(skip, len(entries)):
-            fields = str(entries[n].value).split(FIELD_END)
-            if len(fields) < 2:
-                continue
-            new = self.switched(key_of(fields[0]), fields[1], alone)
-            if new is not None:
-                fields[1] = new
-                entries[n] = (1000, FIELD_END.join(fields))
-                changed = True
-        if changed:
-            entity.set_xdata(application, entries)
+    def new_string(self, entity, application, name, text, alone):
+        handle = entity.dxf.handle
+        return self.switched(f"{handle}_{name}" if application == VIRTUAL else handle, text, alone)
 
     def run(self):
-        for entity in self.doc.modelspace():
-            kind = entity.dxftype()
-            if entity.dxf.layer in NEVER_PAGES:
-                continue
-            if kind == "INSERT":
-                self.reference(entity)
-            elif kind == "TEXT":
-                self.text(entity)
-            elif kind == "MTEXT":
-                self.mtext(entity)
-            elif kind == "LWPOLYLINE":
-                self.strings(entity, WIRE, 2, lambda name, handle=entity.dxf.handle: handle)
-        for _, entry in self.doc.rootdict.get(SCHEME, {}).items():
-            handle = entry.dxf.handle
-            self.strings(entry, VIRTUAL, 0, lambda name, handle=handle: f"{handle}_{name}")
-        for tag_at, tag in enumerate(self.doc.rootdict[PROJECT][LANGUAGE].tags):
+        super().run()
+        language = self.doc.rootdict[PROJECT][LANGUAGE].tags
+        for at, tag in enumerate(language):
             if tag.code == 90:
-                self.doc.rootdict[PROJECT][LANGUAGE].tags[tag_at] = DXFTag(90, int(self.target))
+                language[at] = DXFTag(90, int(self.target))
 
 
 def main():

@@ -7,6 +7,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
+# An installed program finds its libraries beside itself.
+set(CMAKE_INSTALL_RPATH "$ORIGIN")
+# What is installed is what was built; the tests need not be built for it.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE Release)
 endif()
@@ -15,6 +19,8 @@ option(KV_SANITIZE "AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
 option(KV_PCH "Precompile the headers that most files share" ON)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wno-unused-parameter -Wno-restrict -Werror=return-type)
+# No function of a shared library is replaced from outside: the compiler may inline them.
+add_compile_options(-fno-semantic-interposition)
 add_compile_definitions(QT_NO_KEYWORDS)
 if(KV_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

@@ -14,6 +14,8 @@ namespace {
 // Long enough for a caller that reads between its writes to stay in one transaction.
 constexpr std::chrono::milliseconds kIdleAfter{20};
 constexpr std::chrono::milliseconds kBetweenAttempts{100};
+// Of a server that comes back and goes away again while the same statement is tried.
+constexpr int kMostOutages = 8;
 // Other programs wait for a transaction to end, and its queries are kept until then.
 constexpr std::chrono::milliseconds kLongestTransaction{1000};
 // Behind a long one they get their turn: SQLite lets them look again after 100 ms at the latest.
@@ -114,13 +116,14 @@ int Database::GetColumnSize(QString table, QString column) {
 
 int Database::ColumnSize(const QString& table, const QString& column) {
     Connect();
-    try {
-        return DeclaredColumnSize(*connection, table, column);
-    } catch (const Error&) {
-        if (!connection->IsLost()) throw;
+    for (int outages = 0;; ++outages) {
+        try {
+            return DeclaredColumnSize(*connection, table, column);
+        } catch (const Error&) {
+            if (outages == kMostOutages || !connection->IsLost()) throw;
+        }
+        Reconnect();
     }
-    Reconnect();
-    return DeclaredColumnSize(*connection, table, column);
 }
 
 void Database::Connect() {
@@ -154,24 +157,41 @@ void Database::Reconnect() {
     const Writes writes = std::exchange(uncommitted, {});
     const QString transaction = connection->Transaction();
     const auto patience = connection->HasMoved() ? std::chrono::milliseconds(0) : busyTimeout;
-    writing = false;
-    connection.reset();
-    try {
-        ConnectWithin(patience);
-        if (!writes.empty()) Repeat(writes, transaction);
-    } catch (const Error& error) {
-        for (const auto& write : writes) LogFailure(*write, QString::fromUtf8(error.what()));
-        throw;
+    for (int outages = 0;; ++outages) {
+        Forget();
+        try {
+            ConnectWithin(patience);
+            return Repeat(writes, transaction);
+        } catch (const Error& error) {
+            if (outages < kMostOutages && connection && connection->IsLost()) continue;
+            Forget();
+            for (const auto& write : writes) LogFailure(*write, QString::fromUtf8(error.what()));
+            throw;
+        }
     }
+}
+
+// What a transaction held that ended with its connection is undone.
+void Database::Forget() {
+    writing = false;
+    uncommitted.clear();
+    connection.reset();
 }
 
 // The connection may have broken behind the commit. That is asked with the right to write in hand,
 // which a server gives only when it has done with the old transaction.
 void Database::Repeat(const Writes& writes, const QString& transaction) {
+    if (writes.empty()) return;
     const QSqlError error = BeginWriting();
     if (error.isValid()) throw Error(connection->Describe(error));
     if (connection->WasCommitted(transaction)) return;
-    for (const auto& write : writes) Settle(write, Attempt(*write));
+    for (const auto& write : writes) {
+        const CKVQueryResponse response = Attempt(*write);
+        if (response.failed() && connection->IsLost()) {
+            throw Error(connection->Describe(response.getError()));
+        }
+        Settle(write, response);
+    }
 }
 
 QSqlError Database::BeginWriting() {
@@ -190,7 +210,7 @@ void Database::CommitWrites() {
     if (!writing) return;
     try {
         QSqlError error = connection->Try(kCommit);
-        if (error.isValid() && connection->IsLost()) {
+        for (int n = 0; n < kMostOutages && error.isValid() && connection->IsLost(); ++n) {
             Reconnect();
             error = writing ? connection->Try(kCommit) : QSqlError();
         }
@@ -222,7 +242,7 @@ CKVQueryResponse Database::Execute(const std::shared_ptr<CKVQuery>& query) {
 CKVQueryResponse Database::ExecuteConnected(const std::shared_ptr<CKVQuery>& query) {
     Connect();
     CKVQueryResponse response = Attempt(*query);
-    if (response.failed() && connection->IsLost()) {
+    for (int n = 0; n < kMostOutages && response.failed() && connection->IsLost(); ++n) {
         Reconnect();
         response = Attempt(*query);
     }

@@ -41,7 +41,8 @@ class Database : public CKVDatabase {
     void Connect();  // throws host::Error
     void ConnectWithin(std::chrono::milliseconds time);
     void Reconnect();  // throws host::Error
-    void Repeat(const Writes& writes, const QString& transaction);
+    void Forget();
+    void Repeat(const Writes& writes, const QString& transaction);  // throws host::Error
     QSqlError BeginWriting();
     void CommitWrites();
     void EndBurst();

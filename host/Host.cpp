@@ -54,8 +54,9 @@ QString Host::DatabaseUrl() const { return OrElse(options.databaseUrl, settings.
 
 const std::shared_ptr<Database>& Host::TheDatabase() {
     if (!database) {
-        database = std::make_shared<Database>(DatabaseUrl(), options.onMissingDatabase,
-                                              [this](const QString& line) { log.Write(line); });
+        database = std::make_shared<Database>(
+            DatabaseUrl(), options.onMissingDatabase,
+            [this](const QString& line) { log.Write(line); }, options.databasePatience);
     }
     return database;
 }

@@ -26,6 +26,8 @@ struct HostOptions {
     bool logToStderr = false;
     QString databaseUrl;  // empty: that of the settings
     OnMissing onMissingDatabase = OnMissing::Refuse;
+    // For locks of other programs on the database, and for its server to come back.
+    std::chrono::milliseconds databasePatience = kBusyTimeout;
     OdString applicationName = u"Kelvara Circuit";
     CMxMainWindowService* mainWindow = nullptr;    // null: a program without windows
     CMxMessageBoxService* messageBoxes = nullptr;  // null: messages go to stderr
@@ -58,6 +60,8 @@ class Host : private CMxSystemServices,
     // Opens the database now. Throws host::Error when it cannot be used; without this call that is
     // logged, and the queries fail.
     void OpenDatabase();
+    // Ends its thread, and gives back the memory that it holds; the next query opens it again.
+    void CloseDatabase() { database.reset(); }
 
     // The language of an open document's project, -1 when it has none.
     int32_t ProjectLanguage(Document& document);

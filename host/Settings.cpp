@@ -14,6 +14,7 @@ namespace {
 
 constexpr int32_t kLastLanguageIndex = 24;
 constexpr int kDefaultCodePage = 1252;
+constexpr int kDefaultDwgSeconds = 120;
 
 // A path holds characters that separate groups in an ini file.
 QString ProjectKey(const QString& drawing) {
@@ -60,6 +61,10 @@ void Settings::SetNetworkFolder(const QString& folder) { Set("project/networkFol
 QStringList Settings::DwgConverter() const { return store.value("dwg/converter").toStringList(); }
 
 void Settings::SetDwgConverter(const QStringList& arguments) { Set("dwg/converter", arguments); }
+
+int Settings::DwgSeconds() const { return store.value("dwg/seconds", kDefaultDwgSeconds).toInt(); }
+
+void Settings::SetDwgSeconds(int seconds) { Set("dwg/seconds", seconds); }
 
 QStringList Settings::RecentFiles() const { return store.value("files/recent").toStringList(); }
 

@@ -26,6 +26,8 @@ class Settings {
 
     QStringList DwgConverter() const;  // program and arguments, {in} and {out} among them
     void SetDwgConverter(const QStringList& arguments);
+    int DwgSeconds() const;  // that it may take; 120 until it is set
+    void SetDwgSeconds(int seconds);
 
     QStringList RecentFiles() const;  // native paths, the latest first
     void SetRecentFiles(const QStringList& files);

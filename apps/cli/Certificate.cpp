@@ -1,290 +1,105 @@
-// The comparison of a saved drawing with the file before. Equal ranges are skipped as bytes: two
-// ranges that are equal and begin at a record hold equal groups. Only records that differ are read.
+// The comparison of a saved drawing with the file before, in two halves side by side.
 #include "apps/cli/Certificate.h"
 
 #include <algorithm>
-#include <cstring>
+#include <functional>
+#include <future>
+#include <optional>
 
-#include "apps/cli/CertificateRecords.h"
-#include "apps/cli/Failure.h"
+#include "apps/cli/CertificateComparison.h"
 #include "apps/cli/MappedFile.h"
-#include "platform/text/Conversion.h"
 
 namespace cli {
 
 namespace {
 
-constexpr size_t kBlock = size_t{1} << 22;
-
-size_t CommonPrefix(std::string_view a, std::string_view b) {
-    const size_t most = std::min(a.size(), b.size());
-    size_t equal = 0;
-    for (const size_t step : {1024, 128, 16}) {
-        while (equal + step <= most && std::memcmp(a.data() + equal, b.data() + equal, step) == 0) {
-            equal += step;
-        }
-    }
-    while (equal < most && a[equal] == b[equal]) ++equal;
-    return equal;
-}
-
-// The fields of a string in the xdata of a wire or a virtual attribute; empty ones do not count.
-std::vector<std::u16string_view> Fields(std::u16string_view text) {
-    std::vector<std::u16string_view> fields;
-    while (!text.empty()) {
-        const size_t end = std::min(text.find(u'\f'), text.size());
-        if (end > 0) fields.push_back(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return fields;
-}
-
-std::u16string_view Trimmed(std::u16string_view text) {
-    return text::TrimLeft(text::TrimRight(text));
-}
-
-std::string_view WithoutBlanks(std::string_view raw) {
-    while (!raw.empty() && raw.front() == ' ') raw.remove_prefix(1);
-    while (!raw.empty() && raw.back() == ' ') raw.remove_suffix(1);
-    return raw;
-}
-
-// Tells of most texts without decoding them; false says nothing.
-bool SamePlainText(std::string_view raw, std::u16string_view text) {
-    return std::equal(raw.begin(), raw.end(), text.begin(), text.end(), [](char c, char16_t unit) {
-        return c >= ' ' && c <= '~' && c != '^' && c != '\\' && static_cast<char16_t>(c) == unit;
-    });
-}
-
-struct ByHandle {
-    bool operator()(const ExpectedText& a, const ExpectedText& b) const {
-        return a.handle < b.handle;
-    }
-    bool operator()(const ExpectedText& a, uint64_t b) const { return a.handle < b; }
-    bool operator()(uint64_t a, const ExpectedText& b) const { return a < b.handle; }
+// Where a record begins in both files, near the middle.
+struct Seam {
+    dxf::RecordIndex record;
+    size_t before, after;
 };
 
-class Comparison {
-  public:
-    Comparison(const dxf::Store& store, std::string_view after, Expectation expectation,
-               std::function<void(size_t, size_t)> passed)
-        : store(store),
-          before(store.Original()),
-          after(after),
-          format(GroupFormatOf(before, store.FileFormat())),
-          texts(std::move(expectation.texts)),
-          found(texts.size(), false),
-          records(store, std::move(expectation.recordKeys), expectation.wires),
-          passed(std::move(passed)) {
-        std::sort(texts.begin(), texts.end(), ByHandle());
-    }
-
-    Certificate Run();
-
-  private:
-    bool SkipEqual();
-    bool Differ();
-    bool StepBack();
-    bool CompareChanged(dxf::RecordIndex index);
-    void CompareTexts(uint64_t handle);
-    bool IsExpected(uint64_t handle, const Item& old, const Item& now);
-    bool Matches(const ExpectedText& text, const Item& old, const Item& now) const;
-    bool HeldText(const Item& item, std::u16string_view text) const;  // between blanks
-    bool HoldsText(const Item& item, std::u16string_view text) const;
-    bool IsNew(uint64_t handle) const;
-    uint64_t Start(dxf::RecordIndex index) const { return store.At(index).offset; }
-    void Other(const std::string& where);
-    void OtherIn(const RawRecord& record, const char* what);
-    void Conclude();
-
-    const dxf::Store& store;
-    const std::string_view before, after;
-    const GroupFormat format;
-    std::vector<ExpectedText> texts;  // by handle
-    std::vector<bool> found;
-    WrittenRecords records;
-    std::function<void(size_t, size_t)> passed;
-
-    size_t b = 0, a = 0;             // up to here both files have been compared
-    dxf::RecordIndex index = 0;      // the last record that begins at or before b
-    RawRecord oldRecord, newRecord;  // those that differ now
-    Certificate result;
-};
-
-void Comparison::Other(const std::string& where) {
-    if (result.others++ == 0) result.firstOther = where;
-}
-
-void Comparison::OtherIn(const RawRecord& record, const char* what) {
-    Other(std::string(record.type) + " " + HexHandle(record.handle) + " " + what);
-}
-
-// A record that the file before has under no index: its handle is new.
-bool Comparison::IsNew(uint64_t handle) const {
-    if (handle == 0) return false;
-    const dxf::RecordIndex known = store.FindHandle(handle);
-    return known == dxf::kNoRecord || known >= store.FileCount();
-}
-
-// Moves both positions to the record that holds the next difference; false when there is none.
-bool Comparison::SkipEqual() {
-    size_t equal = 0;
-    for (;;) {
-        const size_t here =
-            CommonPrefix(before.substr(b + equal, kBlock), after.substr(a + equal, kBlock));
-        equal += here;
-        if (here < kBlock) break;
-        passed(b + equal, a + equal);
-    }
-    if (b + equal == before.size() && a + equal == after.size()) return false;
-    const dxf::RecordIndex count = store.FileCount();
-    if (count == 0 || b + equal < Start(0)) {
-        Other("the lines ahead of the first group");
-        return false;
-    }
-    while (index + 1 < count && Start(index + 1) <= b + equal) ++index;
-    a += Start(index) - b;
-    b = Start(index);
-    return true;
-}
-
-// Groups were added behind a record that is otherwise equal: it is that one that changed.
-bool Comparison::StepBack() {
-    if (index == 0) return false;
-    const size_t difference = a;
-    --index;
-    a -= b - Start(index);
-    b = Start(index);
-    return ReadRecord(before, b, format, oldRecord) && ReadRecord(after, a, format, newRecord) &&
-           newRecord.end > difference;
-}
-
-// Compares what begins at the two positions and moves behind it; false when the rest cannot be
-// brought together any more.
-bool Comparison::Differ() {
-    if (!ReadRecord(before, b, format, oldRecord)) return Other("an unreadable group"), false;
-    if (a == after.size()) return OtherIn(oldRecord, "is missing, and all behind it"), false;
-    if (!ReadRecord(after, a, format, newRecord) && !StepBack()) {
-        return Other("an unreadable group"), false;
-    }
-    if (oldRecord.type == newRecord.type && oldRecord.handle == newRecord.handle) {
-        return CompareChanged(index);
-    }
-    const bool structure =
-        newRecord.handle == 0 && oldRecord.handle == 0 && newRecord.type != "EOF";
-    if (IsNew(newRecord.handle) || structure) {
-        if (!records.Added(newRecord)) OtherIn(newRecord, "was added");
-        a = newRecord.end;
-        return true;
-    }
-    if (!records.Removed(oldRecord)) OtherIn(oldRecord, "is missing");
-    if (index + 1 >= store.FileCount()) return false;
-    b = Start(++index);
-    return true;
-}
-
-bool Comparison::CompareChanged(dxf::RecordIndex record) {
-    const uint64_t handle = store.At(record).handle;
-    if (std::binary_search(texts.begin(), texts.end(), handle, ByHandle())) {
-        CompareTexts(handle);
-    } else if (!(oldRecord.items == newRecord.items) && !records.Changed(oldRecord, newRecord)) {
-        OtherIn(oldRecord, "differs");
-    }
-    a = newRecord.end;
-    if (index + 1 < store.FileCount()) {
-        b = Start(++index);
-        return true;
-    }
-    b = oldRecord.end;
-    if (before.substr(b) != after.substr(a)) Other("the lines behind the last group");
-    return false;
-}
-
-void Comparison::CompareTexts(uint64_t handle) {
-    const size_t count = std::max(oldRecord.items.size(), newRecord.items.size());
-    for (size_t i = 0; i < count; ++i) {
-        if (i >= oldRecord.items.size() || i >= newRecord.items.size()) {
-            return OtherIn(oldRecord, "has other groups");
-        }
-        const Item& old = oldRecord.items[i];
-        const Item& now = newRecord.items[i];
-        if (old == now) continue;
-        if (!IsExpected(handle, old, now)) {
-            OtherIn(oldRecord, ("differs in group " + std::to_string(old.code)).c_str());
-        }
-    }
-}
-
-bool Comparison::IsExpected(uint64_t handle, const Item& old, const Item& now) {
-    if (old.code != now.code || old.xdata != now.xdata) return false;
-    const auto [first, last] = std::equal_range(texts.begin(), texts.end(), handle, ByHandle());
-    for (auto text = first; text != last; ++text) {
-        const auto position = static_cast<size_t>(text - texts.begin());
-        // Each string of xdata takes an expected text of its own; an attribute with a text of
-        // several lines inside holds its one text twice.
-        if ((found[position] && text->xdata) || !Matches(*text, old, now)) continue;
-        found[position] = true;
-        return true;
-    }
-    return false;
-}
-
-// The text as the codec reads it back, or as it writes it: a text that looks like an escape is read
-// as what the escape stands for. In an mtext a line feed is written as \P.
-bool Comparison::HoldsText(const Item& item, std::u16string_view text) const {
-    if (SamePlainText(item.value, text)) return true;
-    const std::u16string now = store.Codec().Decode(item.value);
-    if (now == text || store.Codec().Encode(text) == item.value) return true;
-    if (newRecord.type != "MTEXT") return false;
-    std::u16string paragraphs;
-    for (const char16_t unit : text) {
-        if (unit == u'\n') {
-            paragraphs += u"\\P";
+dxf::RecordIndex FirstRecordBehind(const dxf::Store& store, size_t offset) {
+    dxf::RecordIndex first = 0, last = store.FileCount();
+    while (first < last) {
+        const dxf::RecordIndex middle = first + (last - first) / 2;
+        if (store.At(middle).offset < offset) {
+            first = middle + 1;
         } else {
-            paragraphs += unit;
+            last = middle;
         }
     }
-    return now == paragraphs;
+    return first;
 }
 
-bool Comparison::HeldText(const Item& item, std::u16string_view text) const {
-    return SamePlainText(WithoutBlanks(item.value), text) ||
-           Trimmed(store.Codec().Decode(item.value)) == text;
+// A record of the file before as it stands there, in the new file about a place.
+std::optional<size_t> FindNear(std::string_view after, std::string_view record, size_t place) {
+    const size_t window = after.size() / 256 + 4096;
+    const size_t from = place - std::min(place, window);
+    if (from >= after.size()) return std::nullopt;
+    const std::string_view near = after.substr(from, 2 * window);
+    const std::boyer_moore_horspool_searcher searcher(record.begin(), record.end());
+    const auto found = std::search(near.begin(), near.end(), searcher);
+    if (found == near.end()) return std::nullopt;
+    return from + static_cast<size_t>(found - near.begin());
 }
 
-bool Comparison::Matches(const ExpectedText& text, const Item& old, const Item& now) const {
-    if (text.xdata != old.xdata) return false;
-    if (!text.xdata)
-        return old.code == 1 && HeldText(old, text.before) && HoldsText(now, text.after);
-    const std::u16string was = store.Codec().Decode(old.value);
-    const std::u16string is = store.Codec().Decode(now.value);
-    const auto wasFields = Fields(was), isFields = Fields(is);
-    return wasFields.size() > 1 && isFields.size() > 1 && wasFields[0] == isFields[0] &&
-           Trimmed(wasFields[1]) == text.before && isFields[1] == text.after &&
-           (isFields.size() < 3 || (wasFields.size() > 2 && wasFields[2] == isFields[2]));
-}
-
-// An expected text that nothing in the new file shows is a difference too. A text that is the same
-// before and after cannot show.
-void Comparison::Conclude() {
-    for (size_t i = 0; i < texts.size(); ++i) {
-        if (found[i]) {
-            ++result.strings;
-        } else if (texts[i].before != texts[i].after) {
-            Other("object " + HexHandle(texts[i].handle) + " does not hold its new text");
+// The new file has grown evenly, or behind the middle alone, as records make it. A wrong seam does
+// no harm: the comparison up to it does not end at it then.
+std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after) {
+    constexpr dxf::RecordIndex kTries = 4;
+    const std::string_view before = store.Original();
+    const double growth = static_cast<double>(after.size()) / static_cast<double>(before.size());
+    const dxf::RecordIndex middle = FirstRecordBehind(store, before.size() / 2);
+    for (dxf::RecordIndex i = middle; i < middle + kTries && i + 1 < store.FileCount(); ++i) {
+        if (store.At(i).handle == 0) continue;
+        const size_t place = store.At(i).offset;
+        const std::string_view record = before.substr(place, store.At(i + 1).offset - place);
+        const auto grown = static_cast<size_t>(static_cast<double>(place) * growth);
+        for (const size_t guess : {grown, place}) {
+            if (const auto found = FindNear(after, record, guess)) return Seam{i, place, *found};
         }
     }
-    for (const uint64_t handle : records.Misplaced()) {
-        Other("object " + HexHandle(handle) + " was written outside the records");
-    }
-    if (records.CountersAlone()) Other("the header or a table counts objects that are not there");
-    result.records = records.Count();
+    return std::nullopt;
 }
 
-Certificate Comparison::Run() {
-    while (SkipEqual() && Differ()) passed(b, a);
-    Conclude();
-    return std::move(result);
+// The new file as each of two threads sees it, and what each is to do as it goes on.
+struct View {
+    std::string_view after;
+    Passed passed;
+};
+
+Certificate CompareWhole(const dxf::Store& store, const View& view, const Expectation& expected) {
+    const Stretch all{0, store.FileCount(), 0, store.Original().size(), 0, view.after.size()};
+    Comparison comparison(store, view.after, expected, all, view.passed);
+    comparison.Run();
+    return comparison.Conclude();
+}
+
+// Nothing where the two halves hold another difference than is expected: one comparison of the
+// whole can tell it better.
+std::optional<Certificate> CompareHalves(const dxf::Store& store, const View& front,
+                                         const View& back, const Expectation& expected) {
+    const std::optional<Seam> seam = FindSeam(store, front.after);
+    if (!seam) return std::nullopt;
+    const Stretch head{0, seam->record, 0, seam->before, 0, seam->after};
+    const Stretch tail{seam->record, store.FileCount(), seam->before, store.Original().size(),
+                       seam->after,  back.after.size()};
+    Comparison first(store, front.after, expected, head, front.passed);
+    Comparison second(store, back.after, expected, tail, back.passed);
+    auto behind = std::async(std::launch::async, [&] { second.Run(); });
+    first.Run();
+    behind.get();
+    if (first.FoundOthers() || second.FoundOthers()) return std::nullopt;
+    first.Add(second);
+    return first.Conclude();
+}
+
+Certificate Compare(const dxf::Store& store, const View& front, const View& back,
+                    Expectation expected) {
+    SortByHandle(expected.texts);
+    const auto halves = CompareHalves(store, front, back, expected);
+    return halves && halves->Holds() ? *halves : CompareWhole(store, front, expected);
 }
 
 }  // namespace
@@ -299,21 +114,22 @@ std::string Certificate::Line() const {
 Certificate Certify(const dxf::Store& before, std::string_view after, Expectation expected,
                     const CertificateProgress& progress) {
     const double size = static_cast<double>(before.Original().size());
-    const auto passed = [&](size_t position, size_t) {
+    const auto tell = [&](size_t position, size_t) {
         if (progress) progress(static_cast<double>(position) / size);
     };
-    return Comparison(before, after, std::move(expected), passed).Run();
+    return Compare(before, {after, tell}, {after, [](size_t, size_t) {}}, std::move(expected));
 }
 
 Certificate CertifyFile(const dxf::Store& before, const std::string& afterPath,
                         Expectation expected, const CertificateProgress& progress) {
-    const MappedFile after(afterPath);
+    const MappedFile front(afterPath), back(afterPath);
     const double size = static_cast<double>(before.Original().size());
-    const auto passed = [&](size_t position, size_t afterPosition) {
-        after.DropBefore(afterPosition);
+    const auto tell = [&](size_t position, size_t afterPosition) {
+        front.DropBefore(afterPosition);
         if (progress) progress(static_cast<double>(position) / size);
     };
-    return Comparison(before, after.Bytes(), std::move(expected), passed).Run();
+    const auto drop = [&](size_t, size_t afterPosition) { back.DropBefore(afterPosition); };
+    return Compare(before, {front.Bytes(), tell}, {back.Bytes(), drop}, std::move(expected));
 }
 
 }  // namespace cli

@@ -139,6 +139,13 @@ bool WrittenRecords::RootChanged(const RawRecord& before, const RawRecord& after
     return true;
 }
 
+void WrittenRecords::Add(const WrittenRecords& behind) {
+    count += behind.count;
+    counters = counters || behind.counters;
+    entryPoints.insert(behind.entryPoints.begin(), behind.entryPoints.end());
+    for (const auto& [handle, owner] : behind.ownerOfNew) ownerOfNew[handle] = owner;
+}
+
 uint64_t WrittenRecords::OwnerOf(uint64_t handle) const {
     const auto noted = ownerOfNew.find(handle);
     if (noted != ownerOfNew.end()) return noted->second;

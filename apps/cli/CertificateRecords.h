@@ -26,6 +26,8 @@ class WrittenRecords {
     bool Removed(const RawRecord& record);
     bool Changed(const RawRecord& before, const RawRecord& after);
 
+    void Add(const WrittenRecords& behind);  // what another one gathered further on in the file
+
     // After the last difference: handles of objects that stand outside the allowed entries.
     std::vector<uint64_t> Misplaced() const;
     size_t Count() const { return count; }

@@ -138,9 +138,11 @@ std::string CsvLine(const CsvRow& row) {
 void WriteTable(const std::string& path, const std::string& bytes,
                 const std::function<void()>& together) {
     if (path != kStandardStream) {
-        dxf::ReplaceFile(path, {bytes}, [&](const std::string&) {
-            if (together) together();
-        });
+        dxf::ReplaceFile(
+            path, [&](const dxf::Sink& sink) { sink(bytes); },
+            [&](const std::string&) {
+                if (together) together();
+            });
         return;
     }
     if (together) together();

@@ -39,9 +39,8 @@ void Print(Output& output, const traducaoTQ::ExportadorCsv& file, size_t transla
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
     Session session(general);
-    TranslationTable table = ReadDictionaryAndDrawing(session, arguments.drawing);
-    FillTable(table, session, Scan(session, arguments.scan), arguments.languages,
-              Keep::SourceAndTarget);
+    const TranslationTable table =
+        ReadTable(session, arguments.drawing, arguments.scan, arguments.languages);
     std::ostringstream bytes;
     traducaoTQ::ExportadorCsv file(bytes, arguments.utf8 ? CP_UTF8 : CP_ACP);
     size_t translated = 0;

@@ -58,12 +58,12 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     Session session(general);
     progress.Phase("reading");
     session.OpenDatabase();
-    TranslationTable table;
-    table.languages = Languages().All();
+    Dictionary dictionary{Languages().All(), nullptr};
     session.OpenDrawing(arguments.drawing);
     RequireWritable(session, arguments.write);
-    FillTable(table, session, Scan(session, arguments.scan), arguments.languages,
-              Keep::AllLanguages);
+    TranslationTable table =
+        MakeTable(session, std::move(dictionary), Scan(session, arguments.scan).Run(),
+                  arguments.languages, Keep::AllLanguages);
     const structImportacao rows = Take(arguments, table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
     translated.Save();

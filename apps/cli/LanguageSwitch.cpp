@@ -51,12 +51,13 @@ bool HasNameOfItsOwn(const ETraduzivel& object) {
     if (wire.isNull()) return false;
     std::vector<TQString> names;
     TQString own;
-    for (const auto& entry : traducaoTQ::EntradasFio(wire->xData(traducaoTQ::VRN_TQ_WIRE))) {
-        auto fields = traducaoTQ::LerCamposFio(entry->getString());
-        fields.texto.Trim();
-        if (fields.texto == *object.GetTexto()) own = fields.fio;
-        names.push_back(std::move(fields.fio));
-    }
+    traducaoTQ::PercorrerFio(*wire, [&](const OdDbXDataIterator& entry) {
+        const OdString read = entry.getString();
+        const auto fields = traducaoTQ::LerCamposFio(read.text());
+        names.emplace_back(std::u16string(fields.fio));
+        if (text::TrimLeft(text::TrimRight(fields.texto)) == *object.GetTexto()) own = names.back();
+        return true;
+    });
     return std::count(names.begin(), names.end(), own) == 1;
 }
 

@@ -14,9 +14,8 @@ struct Arguments {
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
     Session session(general);
-    TranslationTable lines = ReadDictionaryAndDrawing(session, arguments.drawing);
-    FillTable(lines, session, Scan(session, arguments.scan), arguments.languages,
-              Keep::SourceAndTarget);
+    const TranslationTable lines =
+        ReadTable(session, arguments.drawing, arguments.scan, arguments.languages);
     Table table({{"state"}, {"original"}, {"translation"}, {"objects", true}});
     for (const auto& line : lines.Lines()) {
         table.Add({StateOf(*line), Utf8(line->original), Utf8(line->traducao),

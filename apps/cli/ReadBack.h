@@ -18,14 +18,12 @@ class ReadBack {
     bool Holds() const;
 
   private:
-    size_t CountFields() const;  // of the object's xdata that say the translation, as it is written
     bool BlockTextHolds() const;
 
     const dxf::Store& store;
     const traducaoTQ::ETraduzivel& object;
     const structExpressao& line;
-    std::string field;  // a separator and the translation, encoded
-    size_t fieldsBefore = 0;
+    uint64_t changesBefore;
 };
 
 }  // namespace cli

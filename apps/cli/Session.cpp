@@ -56,6 +56,8 @@ void EndProcess() {
 
 void Session::OpenDatabase() { host->OpenDatabase(); }
 
+void Session::CloseDatabase() { host->CloseDatabase(); }
+
 void Session::RequireReadableTerms() const {
     try {
         host::Dictionary(QString::fromStdString(DatabaseUrlOf(options))).ReadTerms();
@@ -66,11 +68,6 @@ void Session::RequireReadableTerms() const {
 
 OdDbDatabase& Session::OpenDrawing(const std::string& nativePath) {
     document = &host->Documents().Open(nativePath);
-    return document->Drawing();
-}
-
-OdDbDatabase& Session::OpenDrawing(OdDbDatabasePtr drawing, const std::string& nativePath) {
-    document = &host->Documents().Open(std::move(drawing), nativePath);
     return document->Drawing();
 }
 

@@ -24,6 +24,8 @@ class Session {
 
     // The dictionary that the options name. Throws host::Error when it cannot be used.
     void OpenDatabase();
+    // Once nothing more is read: the memory of its thread is of use to the drawing's edits.
+    void CloseDatabase();
 
     // The store gives no terms for an empty dictionary and for one that it cannot read: throws
     // host::Error in the second case.
@@ -31,7 +33,6 @@ class Session {
 
     // Throws OdError or host::Error when the drawing cannot be read.
     OdDbDatabase& OpenDrawing(const std::string& nativePath);
-    OdDbDatabase& OpenDrawing(OdDbDatabasePtr drawing, const std::string& nativePath);
     OdDbDatabase& Drawing();  // once it is open
     host::Document& Document();
 

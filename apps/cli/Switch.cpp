@@ -129,6 +129,8 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
         PrintText(output, change, certificate);
     }
     output.Finish();
+    progress.End();
+    EndProcess();
 }
 
 }  // namespace

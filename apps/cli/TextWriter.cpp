@@ -1,8 +1,6 @@
 // The writing of translations.
 #include "apps/cli/TextWriter.h"
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <unordered_set>
 
@@ -17,43 +15,25 @@ namespace {
 
 using traducaoTQ::ETraduzivel;
 
-// Every object is an object of one line: the lines own them from here on and give them up one line
-// after the other.
-class ObjectsOfLines {
-  public:
-    explicit ObjectsOfLines(TranslationTable& table) : lines(*table.table.expressoes) {
-        delete table.objects.release();  // the list, not the objects
+// The objects of the dropped lines go too; the table's list holds the others.
+void DropUntranslatedLines(TranslationTable& table) {
+    auto& lines = *table.table.expressoes;
+    table.objects->clear();  // every object is an object of one line
+    std::erase_if(lines, [](const auto& line) {
+        if (IsTranslated(*line)) return false;
+        for (const ETraduzivel* object : line->objetos) delete object;
+        return true;
+    });
+    for (const auto& line : lines) {
+        table.objects->insert(table.objects->end(), line->objetos.begin(), line->objetos.end());
     }
-    ~ObjectsOfLines() {
-        for (const auto& line : lines) Destroy(*line);
-    }
-    ObjectsOfLines(const ObjectsOfLines&) = delete;
-    ObjectsOfLines& operator=(const ObjectsOfLines&) = delete;
-
-    void Destroy(structExpressao& line) {
-        for (const ETraduzivel* object : line.objetos) delete object;
-        std::vector<ETraduzivel*>().swap(line.objetos);
-    }
-
-    void DropUntranslatedLines() {
-        std::erase_if(lines, [this](const auto& line) {
-            if (IsTranslated(*line)) return false;
-            Destroy(*line);
-            return true;
-        });
-    }
-
-  private:
-    traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines;
-};
+}
 
 class TextWriter {
   public:
     TextWriter(OdDbDatabase& drawing, const OnWritten& onWritten,
-               const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines)
+               const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines, size_t count)
         : store(drawing.store()), onWritten(onWritten), standIns(lines) {
-        size_t count = 0;
-        for (const auto& line : lines) count += line->objetos.size();
         result.texts.reserve(count);
     }
 
@@ -101,20 +81,40 @@ class TextWriter {
     Written result;
 };
 
+// An object and the line that it is an object of.
+struct Place {
+    uint64_t handle;
+    ETraduzivel* object;
+    const structExpressao* line;
+};
+
+std::vector<Place> PlacesOf(const TranslationTable& table) {
+    std::vector<Place> places;
+    places.reserve(table.objects->size());
+    for (const auto& line : table.Lines()) {
+        for (ETraduzivel* object : line->objetos) {
+            places.push_back({HandleOf(*object), object, line.get()});
+        }
+    }
+    return places;
+}
+
 }  // namespace
 
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
-    ObjectsOfLines objects(table);
-    objects.DropUntranslatedLines();
-    TextWriter writer(drawing, onWritten, table.Lines());
-    size_t done = 0;
-    for (const auto& line : table.Lines()) {
-        for (ETraduzivel* object : line->objetos) writer.Write(*object, *line);
-        objects.Destroy(*line);
-        progress.Reached(static_cast<double>(++done) / static_cast<double>(table.Lines().size()));
+    DropUntranslatedLines(table);
+    std::vector<Place> places = PlacesOf(table);
+    // In the order of their coming they stand side by side in the file. Records are made in the
+    // order of the lines, from which they have their handles.
+    if (!onWritten) std::ranges::stable_sort(places, {}, &Place::handle);
+    TextWriter writer(drawing, onWritten, table.Lines(), places.size());
+    for (size_t done = 0; done < places.size(); ++done) {
+        writer.Write(*places[done].object, *places[done].line);
+        if (done % 1024 == 0) {
+            progress.Reached(static_cast<double>(done) / static_cast<double>(places.size()));
+        }
     }
-    malloc_trim(0);  // what the objects held: saving takes memory in large pieces
     return writer.Take();
 }
 

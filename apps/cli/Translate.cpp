@@ -37,12 +37,17 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     Progress progress(general);
     Session session(general);
     progress.Phase("reading");
-    TranslationTable table = ReadDictionaryAndDrawing(session, arguments.drawing);
+    const Keep keep = arguments.write.record ? Keep::AllLanguages : Keep::SourceAndTarget;
+    auto dictionary = ReadDictionary(session, arguments.languages, keep);
+    session.OpenDrawing(arguments.drawing);
     RequireWritable(session, arguments.write);
 
-    progress.Phase("scanning and matching");
-    FillTable(table, session, Scan(session, arguments.scan), arguments.languages,
-              arguments.write.record ? Keep::AllLanguages : Keep::SourceAndTarget);
+    progress.Phase("scanning");
+    auto objects = Scan(session, arguments.scan).Run();
+    progress.Phase("matching");
+    TranslationTable table =
+        MakeTable(session, dictionary.get(), std::move(objects), arguments.languages, keep);
+    session.CloseDatabase();
     const std::string csv = arguments.csv.empty() ? std::string() : ToCsv(table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
     if (arguments.csv.empty()) {

@@ -1,10 +1,9 @@
 // Grouping and matching for the commands.
 #include "apps/cli/TranslationTable.h"
 
-#include <future>
-
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/ReadBack.h"
 #include "platform/text/Conversion.h"
 
 namespace cli {
@@ -14,6 +13,7 @@ namespace {
 using structTraducoes = traducaoTQ::IBDIdiomas::structTraducoes;
 
 void KeepColumns(structTraducoes& dictionary, const std::vector<TQString>& languages) {
+    if (dictionary.languages == languages) return;
     std::vector<size_t> columns;
     for (const TQString& language : languages) {
         const auto found =
@@ -42,27 +42,48 @@ void ChooseLanguages(TranslationTable& table, const LanguageOptions& options, in
 
 }  // namespace
 
-TranslationTable ReadDictionaryAndDrawing(Session& session, const std::string& drawing) {
-    auto reading = std::async(std::launch::async, [&] { return OdDbDatabase::readFile(drawing); });
-    TranslationTable table;
+std::future<Dictionary> ReadDictionary(Session& session, const LanguageOptions& options,
+                                       Keep keep) {
     session.OpenDatabase();
-    table.table.traducoes = traducaoTQ::IBDIdiomas().GetTerms();
-    if (!table.table.traducoes) session.RequireReadableTerms();
-    table.languages = Languages().All();
-    session.OpenDrawing(reading.get(), drawing);
-    return table;
+    return std::async(std::launch::async, [&session, options, keep] {
+        const Languages languages;
+        Dictionary dictionary{languages.All(), nullptr};
+        const bool bothNamed = !options.from.empty() && !options.to.empty();
+        dictionary.terms = keep == Keep::SourceAndTarget && bothNamed
+                               ? traducaoTQ::IBDIdiomas().GetTerms(
+                                     {languages.Find(options.from), languages.Find(options.to)})
+                               : traducaoTQ::IBDIdiomas().GetTerms();
+        if (!dictionary.terms) session.RequireReadableTerms();
+        return dictionary;
+    });
 }
 
-void FillTable(TranslationTable& table, Session& session, const Scan& scan,
-               const LanguageOptions& options, Keep keep) {
+TranslationTable MakeTable(Session& session, Dictionary dictionary,
+                           traducaoTQ::ListaTraduziveis objects, const LanguageOptions& options,
+                           Keep keep) {
+    TranslationTable table;
+    table.languages = std::move(dictionary.languages);
+    table.table.traducoes = std::move(dictionary.terms);
     ChooseLanguages(table, options, session.ProjectLanguage());
     if (keep == Keep::SourceAndTarget && table.to && table.table.traducoes) {
         KeepColumns(*table.table.traducoes, {table.from.descr, table.to->descr});
     }
-    table.objects = scan.Run();
+    table.objects = std::move(objects);
     table.table.AgruparExpressoes(*table.objects);
+    for (traducaoTQ::ETraduzivel* object : *table.objects) {
+        if (!IsBlockText(*object)) object->SoltarTexto();  // the lines hold it
+    }
     table.table.AtualizarExpressoes(
         table.from.descr, table.to ? std::optional<TQString>(table.to->descr) : std::nullopt);
+    return table;
+}
+
+TranslationTable ReadTable(Session& session, const std::string& drawing, const ScanOptions& scan,
+                           const LanguageOptions& options) {
+    auto dictionary = ReadDictionary(session, options, Keep::SourceAndTarget);
+    session.OpenDrawing(drawing);
+    auto objects = Scan(session, scan).Run();
+    return MakeTable(session, dictionary.get(), std::move(objects), options, Keep::SourceAndTarget);
 }
 
 const char* StateOf(const structExpressao& line) {

@@ -1,6 +1,8 @@
 // A drawing's texts grouped into lines and matched with the dictionary.
 #pragma once
 
+#include <future>
+#include <memory>
 #include <optional>
 
 #include "apps/cli/Languages.h"
@@ -23,14 +25,26 @@ struct TranslationTable {
     }
 };
 
-// Opens the session's dictionary and the drawing, and reads both at the same time.
-TranslationTable ReadDictionaryAndDrawing(Session& session, const std::string& drawing);
-
-// Scans the session's drawing and fills the table. Unless all languages of the dictionary are kept,
-// only source and target stay in memory.
+// What a command needs of the dictionary. Unless all languages are kept, only source and target
+// stay in memory.
 enum class Keep { AllLanguages, SourceAndTarget };
-void FillTable(TranslationTable& table, Session& session, const Scan& scan,
-               const LanguageOptions& options, Keep keep);
+struct Dictionary {
+    std::vector<Language> languages;                                 // all of them
+    std::unique_ptr<traducaoTQ::IBDIdiomas::structTraducoes> terms;  // null: none are asked for
+};
+
+// Opens the session's dictionary, and reads it on a thread of its own from then on. The session
+// must outlive the reading.
+std::future<Dictionary> ReadDictionary(Session& session, const LanguageOptions& options, Keep keep);
+
+// Groups the objects of the session's drawing and matches them.
+TranslationTable MakeTable(Session& session, Dictionary dictionary,
+                           traducaoTQ::ListaTraduziveis objects, const LanguageOptions& options,
+                           Keep keep);
+
+// All of it, for a command that only looks: opens dictionary and drawing, scans, groups, matches.
+TranslationTable ReadTable(Session& session, const std::string& drawing, const ScanOptions& scan,
+                           const LanguageOptions& options);
 
 const char* StateOf(const structExpressao& line);  // "untranslated", "automatic", ...
 

@@ -1,6 +1,8 @@
 // kelvara: translates electrical project drawings without a window, for scripts, servers and
 // checks.
-#include <malloc.h>
+#ifdef KELVARA_MIMALLOC
+#include <mimalloc.h>
+#endif
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -34,9 +36,10 @@ int Work(const cli::CommandLine& line) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // One heap for all threads, so that the memory of a dictionary's rows, which one thread takes,
-    // serves the objects of the others afterwards.
-    mallopt(M_ARENA_MAX, 1);
+#ifdef KELVARA_MIMALLOC
+    // Large blocks go back at once: the peak of memory counts, and it is reached within a second.
+    mi_option_set(mi_option_decommit_delay, 0);
+#endif
     QCoreApplication application(argc, argv);
     application.setApplicationName("kelvara");
     cli::CommandLine line;

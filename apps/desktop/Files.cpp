@@ -22,6 +22,13 @@ constexpr int kMostRecent = 10;
 
 QString Filter() { return Say("Drawings (*.dxf *.DXF *.dwg *.DWG)") + ";;" + Say("All files (*)"); }
 
+// Beside the DWG file. No name where there is such a file already: saving asks for one then.
+QString NameOfConverted(const QString& dwg) {
+    const QFileInfo file(dwg);
+    const QString name = file.path() + u'/' + file.completeBaseName() + ".dxf";
+    return QFileInfo::exists(name) ? QString() : name;
+}
+
 bool SameFile(const std::string& a, const QString& b) {
     return QFileInfo(QString::fromStdString(a)) == QFileInfo(b);
 }
@@ -58,12 +65,24 @@ bool Files::OpenCopy(const QString& copy, const QString& name) { return Load(cop
 bool Files::Load(const QString& file, const QString& name) {
     bool loaded = false;
     Guarded(Say("Open %1").arg(QFileInfo(name).fileName()), [&] {
-        auto drawing = LoadDrawing(&window, file.toStdString());
+        const host::DwgConverter converter{desktop.Settings().DwgConverter(),
+                                           std::chrono::seconds(desktop.Settings().DwgSeconds())};
+        auto drawing = LoadDrawing(&window, file.toStdString(), converter);
         if (!drawing) return;
-        onLoaded(std::move(drawing->drawing), name, std::move(drawing->list));
+        onLoaded(std::move(drawing->drawing), drawing->converted ? NameOfConverted(name) : name,
+                 std::move(drawing->list));
         loaded = true;
+        if (drawing->converted) TellConverted(QFileInfo(name).fileName());
     });
     return loaded;
+}
+
+void Files::TellConverted(const QString& name) {
+    QMessageBox::information(
+        &window, Plain(Say("&Open…")),
+        Say("%1 was converted from DWG. Kinds of objects that the converter does not know may be "
+            "missing. The drawing is saved as DXF; the DWG file stays as it is.")
+            .arg(name));
 }
 
 bool Files::Save(host::Document& document) {

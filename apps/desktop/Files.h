@@ -39,6 +39,7 @@ class Files {
 
   private:
     bool Load(const QString& file, const QString& name);
+    void TellConverted(const QString& name);
     bool Write(host::Document& document, const QString& path, bool force);
     bool MayClose(host::Document& document);
     bool MayOverwrite(const QString& reason);

@@ -24,10 +24,12 @@ struct Reading {
     QEventLoop* loop = nullptr;
 };
 
-void StartReading(const std::shared_ptr<Reading>& reading, const std::string& path) {
-    QThreadPool::globalInstance()->start([reading, path]() mutable {
+using Read = std::function<OdDbDatabasePtr()>;
+
+void StartReading(const std::shared_ptr<Reading>& reading, const Read& read) {
+    QThreadPool::globalInstance()->start([reading, read]() mutable {
         try {
-            reading->drawing = OdDbDatabase::readFile(path);
+            reading->drawing = read();
         } catch (...) {
             reading->failure = std::current_exception();
         }
@@ -40,11 +42,11 @@ void StartReading(const std::shared_ptr<Reading>& reading, const std::string& pa
     });
 }
 
-OdDbDatabasePtr ReadBehindBar(QProgressDialog& bar, const std::string& path) {
+OdDbDatabasePtr ReadBehindBar(QProgressDialog& bar, const Read& read) {
     const auto reading = std::make_shared<Reading>();
     QEventLoop loop;
     reading->loop = &loop;
-    StartReading(reading, path);
+    StartReading(reading, read);
     const auto cancel =
         QObject::connect(&bar, &QProgressDialog::canceled, &loop, &QEventLoop::quit);
     loop.exec();
@@ -55,7 +57,8 @@ OdDbDatabasePtr ReadBehindBar(QProgressDialog& bar, const std::string& path) {
     return std::move(reading->drawing);
 }
 
-std::optional<LoadedDrawing> LoadBehindBar(QWidget* window, const std::string& path) {
+std::optional<LoadedDrawing> LoadBehindBar(QWidget* window, const std::string& path,
+                                           const Read& read) {
     constexpr int kSteps = 1000;
     const QString name = QFileInfo(QString::fromStdString(path)).fileName();
     QProgressDialog bar(Say("Reading %1…").arg(name), Say("Cancel"), 0, 0, window);
@@ -65,7 +68,7 @@ std::optional<LoadedDrawing> LoadBehindBar(QWidget* window, const std::string& p
     bar.setMinimumWidth(360);
     bar.show();
     LoadedDrawing loaded;
-    loaded.drawing = ReadBehindBar(bar, path);
+    loaded.drawing = ReadBehindBar(bar, read);
     if (loaded.drawing.isNull()) return std::nullopt;
     bar.setMaximum(kSteps);
     bar.setLabelText(Say("Preparing the view of %1…").arg(name));
@@ -82,13 +85,22 @@ std::optional<LoadedDrawing> LoadBehindBar(QWidget* window, const std::string& p
 
 }  // namespace
 
-std::optional<LoadedDrawing> LoadDrawing(QWidget* window, const std::string& nativePath) {
-    if (QFileInfo(QString::fromStdString(nativePath)).size() >= kLarge)
-        return LoadBehindBar(window, nativePath);
-    LoadedDrawing loaded;
-    loaded.drawing = OdDbDatabase::readFile(nativePath);
-    loaded.list = std::make_shared<const painter::DisplayList>(
-        std::move(*painter::BuildDisplayList(*loaded.drawing)));
+std::optional<LoadedDrawing> LoadDrawing(QWidget* window, const std::string& nativePath,
+                                         const host::DwgConverter& converter) {
+    const bool convert = host::IsDwg(nativePath);
+    const auto read = [=] {
+        return convert ? host::ImportDwg(nativePath, converter)
+                       : OdDbDatabase::readFile(nativePath);
+    };
+    std::optional<LoadedDrawing> loaded;
+    if (convert || QFileInfo(QString::fromStdString(nativePath)).size() >= kLarge) {
+        loaded = LoadBehindBar(window, nativePath, read);
+    } else {
+        loaded.emplace().drawing = read();
+        loaded->list = std::make_shared<const painter::DisplayList>(
+            std::move(*painter::BuildDisplayList(*loaded->drawing)));
+    }
+    if (loaded) loaded->converted = convert;
     return loaded;
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "apps/painter/DisplayList.h"
+#include "host/DwgImport.h"
 #include "platform/drawing/DbDatabase.h"
 
 class QWidget;
@@ -15,10 +16,13 @@ namespace desktop {
 struct LoadedDrawing {
     OdDbDatabasePtr drawing;
     std::shared_ptr<const painter::DisplayList> list;  // of the whole model space
+    bool converted = false;                            // from DWG
 };
 
 // Large files are read on a second thread behind a bar that can be cancelled. Nothing when the user
 // did; raises OdError when the drawing cannot be read.
-std::optional<LoadedDrawing> LoadDrawing(QWidget* window, const std::string& nativePath);
+// A DWG drawing comes through the converter; host::Error when it cannot.
+std::optional<LoadedDrawing> LoadDrawing(QWidget* window, const std::string& nativePath,
+                                         const host::DwgConverter& converter);
 
 }  // namespace desktop

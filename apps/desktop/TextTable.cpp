@@ -157,6 +157,92 @@ const std::vector<TextRow>& AllTexts() {
         {"By block", "Von Block", "Por bloco"},
         {"By layer", "Von Layer", "Por camada"},
 
+        // Settings
+        {"Se&ttings…", "Ei&nstellungen…", "Con&figurações…"},
+        {"Settings", "Einstellungen", "Configurações"},
+        {"Interface", "Oberfläche", "Interface"},
+        {"&Language:", "&Sprache:", "&Idioma:"},
+        {"A new interface language shows after a restart.",
+         "Eine neue Sprache der Oberfläche erscheint nach einem Neustart.",
+         "Um novo idioma da interface aparece depois de reiniciar o programa."},
+        {"Dictionary", "Wörterbuch", "Dicionário"},
+        {"&Address:", "&Adresse:", "&Endereço:"},
+        {"Browse…", "Suchen…", "Procurar…"},
+        {"sqlite:FILE, or postgresql://USER@SERVER/NAME for a team. Another dictionary is used "
+         "after a restart.",
+         "sqlite:DATEI, oder postgresql://BENUTZER@SERVER/NAME für ein Team. Ein anderes "
+         "Wörterbuch gilt nach einem Neustart.",
+         "sqlite:ARQUIVO, ou postgresql://USUÁRIO@SERVIDOR/NOME para uma equipe. Outro dicionário "
+         "passa a valer depois de reiniciar o programa."},
+        {"Dictionaries (*.sqlite)", "Wörterbücher (*.sqlite)", "Dicionários (*.sqlite)"},
+        {"&Test", "&Testen", "&Testar"},
+        {"Connecting…", "Verbindung wird aufgebaut…", "Conectando…"},
+        {"There is no such file yet; it is made when the dictionary is first used.",
+         "Diese Datei gibt es noch nicht; sie entsteht, wenn das Wörterbuch zum ersten Mal "
+         "gebraucht wird.",
+         "Esse arquivo ainda não existe; ele é criado no primeiro uso do dicionário."},
+        {"It works: %1 languages, %2 terms.", "Es funktioniert: %1 Sprachen, %2 Begriffe.",
+         "Funciona: %1 idiomas, %2 termos."},
+        {"Files", "Dateien", "Arquivos"},
+        {"&Code page of the exchange file:", "&Codepage der Austauschdatei:",
+         "Página de &código do arquivo de intercâmbio:"},
+        {"PROGRAM {in} {out}", "PROGRAMM {in} {out}", "PROGRAMA {in} {out}"},
+        {"Con&verter for DWG:", "&Konverter für DWG:", "Con&versor para DWG:"},
+        {"&Seconds that it may take:", "S&ekunden, die er brauchen darf:",
+         "&Segundos que ele pode levar:"},
+        {"A program that reads the DWG file {in} and writes the DXF file {out}. Empty: DWG files "
+         "are not opened.",
+         "Ein Programm, das die DWG-Datei {in} liest und die DXF-Datei {out} schreibt. Leer: "
+         "DWG-Dateien werden nicht geöffnet.",
+         "Um programa que lê o arquivo DWG {in} e grava o arquivo DXF {out}. Vazio: arquivos DWG "
+         "não são abertos."},
+        {"&Network folder:", "&Netzwerkordner:", "Pasta de &rede:"},
+        {"Network folder", "Netzwerkordner", "Pasta de rede"},
+        {"&Remove", "Ent&fernen", "Rem&over"},
+        {"C&lear", "&Leeren", "&Limpar"},
+        {"The converter needs {in} and {out} among its arguments.",
+         "Der Konverter braucht {in} und {out} unter seinen Argumenten.",
+         "O conversor precisa de {in} e {out} entre os argumentos."},
+        {"The exchange file needs a code page of single bytes, such as 1252.",
+         "Die Austauschdatei braucht eine Codepage mit einzelnen Bytes, etwa 1252.",
+         "O arquivo de intercâmbio precisa de uma página de código de um byte, como 1252."},
+        {"Western European", "Westeuropäisch", "Europa ocidental"},
+        {"Central European", "Mitteleuropäisch", "Europa central"},
+        {"Cyrillic", "Kyrillisch", "Cirílico"},
+        {"Greek", "Griechisch", "Grego"},
+        {"Turkish", "Türkisch", "Turco"},
+        {"Baltic", "Baltisch", "Báltico"},
+        {"Vietnamese", "Vietnamesisch", "Vietnamita"},
+        {"Thai", "Thailändisch", "Tailandês"},
+        {"%1 was converted from DWG. Kinds of objects that the converter does not know may be "
+         "missing. The drawing is saved as DXF; the DWG file stays as it is.",
+         "%1 wurde aus DWG konvertiert. Arten von Objekten, die der Konverter nicht kennt, können "
+         "fehlen. Die Zeichnung wird als DXF gespeichert; die DWG-Datei bleibt, wie sie ist.",
+         "%1 foi convertido de DWG. Tipos de objetos que o conversor não conhece podem faltar. O "
+         "desenho é salvo como DXF; o arquivo DWG fica como está."},
+
+        // Unsaved work
+        {"Unsaved work", "Nicht gespeicherte Arbeit", "Trabalho não salvo"},
+        {"The program ended before this work was saved. Opened work is not saved until you save "
+         "it; the drawings on disk are as they were.",
+         "Das Programm endete, bevor diese Arbeit gespeichert war. Geöffnete Arbeit ist erst "
+         "gespeichert, wenn Sie sie speichern; die Zeichnungen auf der Platte sind, wie sie waren.",
+         "O programa terminou antes que este trabalho fosse salvo. O trabalho aberto só fica salvo "
+         "quando você o salvar; os desenhos no disco estão como estavam."},
+        {"Folder", "Ordner", "Pasta"},
+        {"State", "Zustand", "Estado"},
+        {"can be opened", "kann geöffnet werden", "pode ser aberto"},
+        {"can be opened; the drawing on disk has changed since",
+         "kann geöffnet werden; die Zeichnung auf der Platte hat sich seither geändert",
+         "pode ser aberto; o desenho no disco mudou desde então"},
+        {"cannot be read: %1", "kann nicht gelesen werden: %1", "não pode ser lido: %1"},
+        {"&Open", "&Öffnen", "&Abrir"},
+        {"&Discard…", "&Verwerfen…", "&Descartar…"},
+        {"&Later", "&Später", "&Mais tarde"},
+        {"The unsaved work on %1 drawings will be lost. Discard it?",
+         "Die nicht gespeicherte Arbeit an %1 Zeichnungen geht verloren. Verwerfen?",
+         "O trabalho não salvo em %1 desenhos será perdido. Descartar?"},
+
         // Buttons of the toolkit
         {"OK", "OK", "OK"},
         {"Save", "Speichern", "Salvar"},

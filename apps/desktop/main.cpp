@@ -6,6 +6,8 @@
 
 #include "apps/desktop/Guard.h"
 #include "apps/desktop/MainWindow.h"
+#include "apps/desktop/RecoveryKeeper.h"
+#include "apps/desktop/SettingsDialog.h"
 #include "apps/desktop/Texts.h"
 
 namespace {
@@ -23,7 +25,7 @@ class Application : public QApplication {
 };
 
 struct Arguments {
-    std::vector<std::string> drawings;
+    std::vector<std::string> drawings, lines;
     std::string settings, log, database, module;
 };
 
@@ -36,6 +38,9 @@ void Register(CLI::App& app, Arguments& arguments) {
                    "The dictionary, sqlite:FILE or postgresql://USER@HOST/NAME (default: that of "
                    "the settings)")
         ->type_name("URL");
+    app.add_option("--run", arguments.lines,
+                   "A command or LISP, as the command line takes it, once the drawings are open; "
+                   "may be given more than once");
     app.add_option("--module", arguments.module, "Another module than the program's own");
 }
 
@@ -49,11 +54,17 @@ int Work(Application& application, const Arguments& arguments) {
     desktop::InstallTexts(desktop.Settings().LanguageIndex());
     const QString problem = desktop.LoadModule();
     desktop::MainWindow window(desktop);
+    desktop::RecoveryKeeper recovery(
+        desktop, {desktop::RecoveryKeeper::FolderFor(QString::fromStdString(arguments.settings))});
+    desktop::AddSettingsEntry(window);
     window.show();
     QTimer::singleShot(0, &window, [&] {
         if (!problem.isEmpty()) desktop::TellFailure("Kelvara Circuit", problem);
+        recovery.Offer(window);
         for (const std::string& drawing : arguments.drawings)
             window.GetFiles().Open(QString::fromStdString(drawing));
+        for (const std::string& line : arguments.lines)
+            window.Execute(QString::fromStdString(line));
     });
     return application.exec();
 }

@@ -113,12 +113,21 @@ Fonts::Fonts() { OfFile(u""); }
 
 uint16_t Fonts::OfFile(std::u16string_view name, bool bold, bool italic) {
     const Known known = FamilyOf(name);
-    const Wanted font{known.family, bold || known.bold, italic || known.italic};
-    const auto found = std::find(wanted.begin(), wanted.end(), font);
-    const auto number = static_cast<uint16_t>(found - wanted.begin());
-    if (found == wanted.end()) {
-        wanted.push_back(font);
-        fonts.emplace_back(MakeFont(font.family, font.bold, font.italic));
+    return NumberOf({known.family, bold || known.bold, italic || known.italic});
+}
+
+std::vector<uint16_t> Fonts::NumbersOf(const std::vector<Choice>& of) {
+    std::vector<uint16_t> numbers;
+    for (const Choice& choice : of) numbers.push_back(NumberOf(choice));
+    return numbers;
+}
+
+uint16_t Fonts::NumberOf(const Choice& choice) {
+    const auto found = std::find(choices.begin(), choices.end(), choice);
+    const auto number = static_cast<uint16_t>(found - choices.begin());
+    if (found == choices.end()) {
+        choices.push_back(choice);
+        fonts.emplace_back(MakeFont(choice.family, choice.bold, choice.italic));
     }
     return number;
 }

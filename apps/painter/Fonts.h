@@ -59,13 +59,18 @@ class Fonts {
     uint16_t OfFile(std::u16string_view name, bool bold = false, bool italic = false);
     const Font& At(uint16_t number) const { return fonts[number]; }
 
-  private:
-    struct Wanted {
+    struct Choice {
         const char* family;
         bool bold, italic;
-        friend bool operator==(const Wanted&, const Wanted&) = default;
+        friend bool operator==(const Choice&, const Choice&) = default;
     };
-    std::vector<Wanted> wanted;
+    const std::vector<Choice>& Choices() const { return choices; }   // by number
+    std::vector<uint16_t> NumbersOf(const std::vector<Choice>& of);  // of those here
+
+  private:
+    uint16_t NumberOf(const Choice& choice);
+
+    std::vector<Choice> choices;
     std::deque<Font> fonts;
 };
 

@@ -2,9 +2,14 @@
 #include "apps/painter/ListBuilder.h"
 
 #include <algorithm>
+#include <atomic>
+#include <future>
 #include <map>
+#include <span>
+#include <thread>
 
 #include "apps/painter/Entities.h"
+#include "apps/painter/ListParts.h"
 
 namespace painter {
 
@@ -285,32 +290,89 @@ void Builder::PlaceText(const Shape& shape, const Frame& frame, Item item) {
 
 void Builder::Finish(const Item& item, bool endless) {
     if (!endless) list.extents.Add(item.bounds);
-    if (list.items.size() % DisplayList::kRun == 0) list.runs.emplace_back();
-    list.runs.back().Add(item.bounds);
-    list.items.push_back(item);
+    AddItem(list, item);
+}
+
+}  // namespace
+
+namespace {
+
+constexpr size_t kStep = 4096;          // entities between two looks at the clock of the caller
+constexpr size_t kLeastOfPart = 20000;  // entities; a thread for fewer does not pay
+constexpr unsigned kMostParts = 8;
+
+using Records = std::span<const dxf::RecordIndex>;
+using GoesOn = std::function<bool(size_t done)>;
+
+// A thread has fonts, tables and blocks of its own: each notes what it has looked up.
+bool ReadInto(DisplayList& list, Fonts& fonts, const dxf::Store& store, Records records,
+              size_t limit, const GoesOn& goesOn) {
+    Drawing read(store, fonts);
+    Builder builder(read, list, limit);
+    EntityReader reader(read, builder, false);
+    list.items.reserve(records.size() + records.size() / 2);
+    list.points.reserve(records.size() * 2);
+    for (size_t i = 0; i < records.size() && !builder.IsFull(); ++i) {
+        if (i % kStep == 0 && !goesOn(i)) return false;
+        reader.Read(records[i]);
+    }
+    return true;
+}
+
+struct Part {
+    DisplayList list;
+    std::vector<Fonts::Choice> fonts;  // by their numbers in the list
+};
+
+Part ReadPart(const dxf::Store& store, Records records, size_t limit, const GoesOn& goesOn) {
+    Part part;
+    const auto fonts = std::make_shared<Fonts>();
+    part.list.fonts = fonts;
+    ReadInto(part.list, *fonts, store, records, limit, goesOn);
+    part.fonts = fonts->Choices();
+    part.list.fonts.reset();  // on the thread that made them
+    return part;
+}
+
+// Splits evenly; the first one is the caller's.
+std::vector<Records> Split(Records records) {
+    const size_t threads = std::clamp(std::thread::hardware_concurrency(), 1u, kMostParts);
+    const size_t count = std::clamp<size_t>(records.size() / kLeastOfPart, 1, threads);
+    std::vector<Records> parts;
+    for (size_t i = 0; i < count; ++i) {
+        const size_t begin = records.size() * i / count, end = records.size() * (i + 1) / count;
+        parts.push_back(records.subspan(begin, end - begin));
+    }
+    return parts;
 }
 
 }  // namespace
 
 std::optional<DisplayList> BuildDisplayList(OdDbDatabase& drawing, const BuildOptions& options) {
+    const dxf::Store& store = drawing.store();
+    constexpr size_t kLeast = 4'000'000;
+    const size_t limit = options.limit ? options.limit : kLeast + size_t{4} * store.Count();
+    const std::vector<dxf::RecordIndex> records = EntitiesOf(drawing, options.pages);
+    const std::vector<Records> parts = Split(records);
+
+    std::atomic<bool> ended = false;
+    std::vector<std::future<Part>> others;
+    for (const Records& part : std::span(parts).subspan(1)) {
+        others.push_back(std::async(std::launch::async, ReadPart, std::cref(store), part, limit,
+                                    [&ended](size_t) { return !ended; }));
+    }
     const auto fonts = std::make_shared<Fonts>();
     DisplayList list;
     list.fonts = fonts;
-    Drawing read(drawing.store(), *fonts);
-    constexpr size_t kLeast = 4'000'000;
-    const size_t limit = options.limit ? options.limit : kLeast + size_t{4} * read.store.Count();
-    Builder builder(read, list, limit);
-    EntityReader reader(read, builder, false);
-    const std::vector<dxf::RecordIndex> records = EntitiesOf(drawing, options.pages);
-    list.items.reserve(records.size());
-    list.runs.reserve(records.size() / DisplayList::kRun + 1);
-    constexpr size_t kStep = 4096;  // entities between two looks at the clock of the caller
-    for (size_t i = 0; i < records.size() && !builder.IsFull(); ++i) {
-        const bool told = i % kStep == 0 && options.progress;
-        if (told && !options.progress(static_cast<double>(i) / static_cast<double>(records.size())))
-            return std::nullopt;
-        reader.Read(records[i]);
+    ended = !ReadInto(list, *fonts, store, parts.front(), limit, [&](size_t done) {
+        const double share = static_cast<double>(done) / static_cast<double>(parts.front().size());
+        return !options.progress || options.progress(share);
+    });
+    for (auto& other : others) {
+        Part part = other.get();
+        if (!ended && !list.cut) Append(list, std::move(part.list), fonts->NumbersOf(part.fonts));
     }
+    if (ended) return std::nullopt;
     return list;
 }
 

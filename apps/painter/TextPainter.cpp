@@ -46,6 +46,8 @@ void TextPainter::Paint(QPainter& painter, const std::vector<QColor>& colours) {
     std::vector<QLineF> bars;
     std::vector<uint16_t> barColours;
     std::vector<Placed> placed = Place(bars, barColours);
+    const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing, false);  // of something that has no shape
     for (size_t begin = 0, end; begin < bars.size(); begin = end) {
         for (end = begin; end < bars.size() && barColours[end] == barColours[begin];) ++end;
         QColor colour = colours[barColours[begin]];
@@ -53,6 +55,7 @@ void TextPainter::Paint(QPainter& painter, const std::vector<QColor>& colours) {
         painter.setPen(QPen(colour, 0));
         painter.drawLines(&bars[begin], static_cast<int>(end - begin));
     }
+    painter.setRenderHint(QPainter::Antialiasing, smooth);
     const auto key = [](const Placed& p) {
         return std::make_tuple(p.text->font, p.map.m11(), p.map.m12(), p.map.m21(), p.map.m22(),
                                p.colour);

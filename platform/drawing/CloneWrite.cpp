@@ -164,13 +164,10 @@ void Clone::Write(uint32_t ownerBlock) {
 void Clone::PutClasses() {
     for (const RecordIndex source : newClasses) {
         RecordIndex& end = to.structure.classesEnd;
-        if (end == kNoRecord || to.isErased(end)) {
+        if (!to.stands(end)) {
             if (to.structure.headerEnd == kNoRecord)
                 return;  // no place that programs would look at
-            dxf::GroupWriter writer = to.store.NewWriter();
-            const RecordIndex section = to.store.InsertAfter(
-                to.structure.headerEnd, writer.String(0, "SECTION").String(2, "CLASSES").Take());
-            end = to.store.InsertAfter(section, writer.String(0, "ENDSEC").Take());
+            end = to.addSection(to.structure.headerEnd, "CLASSES").end;
         }
         dxf::GroupWriter writer = to.store.NewWriter();
         auto reader = from.store.Groups(source);

@@ -76,7 +76,13 @@ class OdDbDatabaseImpl {
     void announceAttributes(dxf::RecordIndex reference);
     bool writesHandles() const { return store.FileVersion() >= dxf::Version::R13; }
     bool writesOwners() const { return store.FileVersion() >= dxf::Version::R2000; }
-    dxf::RecordIndex lastObject();  // the record that new objects go behind
+    dxf::RecordIndex lastObject();              // the record that new objects go behind
+    bool stands(dxf::RecordIndex index) const;  // a record that is there and not erased
+    struct NewSection {
+        dxf::RecordIndex begin, end;
+    };
+    NewSection addSection(dxf::RecordIndex before,
+                          std::string_view name);  // an empty one behind it
     void assignMemoryHandle(dxf::RecordIndex index);
     void erase(uint32_t index);  // with what it owns, and out of the dictionary that holds it
     void eraseOwned(dxf::RecordIndex index);  // the same, the dictionary that holds it untouched

@@ -81,6 +81,11 @@ bool OdDbDatabase::isModified() const {
     return core->store.Modified();
 }
 
+void OdDbDatabase::standFor(const std::string& nativePath,
+                            const std::optional<dxf::FileIdentity>& met) {
+    core->store.StandFor(nativePath, met);
+}
+
 bool OdDbDatabase::hasDictionaries() const {
     return version() >= dxf::Version::R13 || core->recordOf(core->rootDictionary) != dxf::kNoRecord;
 }

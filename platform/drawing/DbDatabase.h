@@ -71,6 +71,8 @@ class OdDbDatabase : public OdRxObject {
     bool isReadOnly() const;       // can be read but not safely edited
     bool isModified() const;       // a save would differ from the file
     bool hasDictionaries() const;  // false before R13
+    // Of a copy of work that was never saved: see dxf::Store::StandFor.
+    void standFor(const std::string& nativePath, const std::optional<dxf::FileIdentity>& met);
 
     // Undo of whole commands. Between the two calls changes are recorded; a record within a record
     // belongs to the outer one, a record without a change is dropped, a new one ends all redo.

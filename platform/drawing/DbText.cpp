@@ -132,7 +132,7 @@ void OdDbText::setTextString(const OdString& text) {
     const RecordIndex index = record();
     const auto present = textGroup(store, index);
     if (!present) return groups::Apply(store, index, {textEdit(store, index, text)});
-    if (store.Codec().Decode(present->value) == text.text()) return;
+    if (store.Codec().Reads(present->value, text.text())) return;
     store.ReplaceValue(index, *present, encodedText(store, index, text));
 }
 

@@ -2,6 +2,7 @@
 #include "platform/drawing/DictionaryCache.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "platform/drawing/OdError.h"
 #include "platform/text/Conversion.h"
@@ -35,6 +36,31 @@ void walkPairs(const dxf::Store& store, dxf::RecordIndex record, const OnPair& o
 
 }  // namespace
 
+void NameIndex::add(std::u16string_view name, uint32_t place) {
+    size_t slot = home(name);
+    while (slots[slot] != 0) slot = next(slot);
+    slots[slot] = place + 1;
+    ++used;
+}
+
+void NameIndex::clear(size_t room) {
+    slots.assign(std::bit_ceil(2 * room + 16), 0);
+    used = 0;
+}
+
+size_t NameIndex::home(std::u16string_view name) const {
+    std::u16string folded;  // stays empty for ASCII, which is folded on the way
+    if (std::any_of(name.begin(), name.end(), [](char16_t unit) { return unit >= 0x80; })) {
+        name = folded = text::FoldCase(name);
+    }
+    uint64_t hash = 0;
+    for (const char16_t unit : name) {
+        const bool upper = unit >= u'A' && unit <= u'Z';
+        hash = (hash ^ (upper ? unit + 32u : unit)) * 0x9E3779B97F4A7C15u;
+    }
+    return (hash >> 32) & (slots.size() - 1);
+}
+
 DictionaryEntries::DictionaryEntries(dxf::Store& store, dxf::RecordIndex record)
     : store(store), record(record) {
     read();
@@ -43,10 +69,7 @@ DictionaryEntries::DictionaryEntries(dxf::Store& store, dxf::RecordIndex record)
 void DictionaryEntries::read() {
     int place = 0;
     const auto onPair = [&](const Group& name, const Group& reference) {
-        Entry entry{store.Codec().Decode(name.value), reference.AsHandle(), place++};
-        const auto number = static_cast<uint32_t>(entries.size());
-        if (!byName.try_emplace(text::FoldCase(entry.name), number).second) duplicates = true;
-        entries.push_back(std::move(entry));
+        append({store.Codec().Decode(name.value), reference.AsHandle(), place++});
     };
     const auto onOther = [&](const Group& group) {
         if (group.code == 280) hard = group.AsInt() == 1;
@@ -54,9 +77,30 @@ void DictionaryEntries::read() {
     walkPairs(store, record, onPair, onOther);
 }
 
+std::optional<uint32_t> DictionaryEntries::placeOf(std::u16string_view name) const {
+    return byName.find(name, [&](uint32_t place) {
+        const Entry& entry = entries[place];
+        return !entry.removed && (entry.name == name || text::CompareNoCase(entry.name, name) == 0);
+    });
+}
+
+void DictionaryEntries::append(Entry entry) {
+    if (byName.full()) {
+        byName.clear(2 * entries.size() + 8);
+        for (uint32_t place = 0; place < entries.size(); ++place) {
+            if (!entries[place].hidden) byName.add(entries[place].name, place);
+        }
+    }
+    entry.hidden = placeOf(entry.name).has_value();
+    duplicates = duplicates || entry.hidden;
+    live += !entry.hidden;
+    if (!entry.hidden) byName.add(entry.name, static_cast<uint32_t>(entries.size()));
+    entries.push_back(std::move(entry));
+}
+
 const DictionaryEntries::Entry* DictionaryEntries::find(std::u16string_view name) const {
-    const auto found = byName.find(text::FoldCase(name));
-    return found == byName.end() ? nullptr : &entries[found->second];
+    const auto place = placeOf(name);
+    return place ? &entries[*place] : nullptr;
 }
 
 const DictionaryEntries::Entry* DictionaryEntries::findHandle(uint64_t handle) const {
@@ -67,12 +111,13 @@ const DictionaryEntries::Entry* DictionaryEntries::findHandle(uint64_t handle) c
 }
 
 std::vector<const DictionaryEntries::Entry*> DictionaryEntries::standing(bool sorted) const {
-    std::vector<std::pair<std::u16string_view, const Entry*>> found;
-    found.reserve(byName.size());
-    for (const auto& [folded, number] : byName) found.emplace_back(folded, &entries[number]);
-    std::ranges::sort(found, [sorted](const auto& a, const auto& b) {
-        return sorted ? a.first < b.first : a.second < b.second;
-    });
+    std::vector<std::pair<std::u16string, const Entry*>> found;
+    found.reserve(live);
+    for (const Entry& entry : entries) {
+        if (entry.removed || entry.hidden) continue;
+        found.emplace_back(sorted ? text::FoldCase(entry.name) : std::u16string(), &entry);
+    }
+    if (sorted) std::ranges::sort(found, {}, &std::pair<std::u16string, const Entry*>::first);
     std::vector<const Entry*> result;
     result.reserve(found.size());
     for (const auto& [folded, entry] : found) result.push_back(entry);
@@ -80,29 +125,27 @@ std::vector<const DictionaryEntries::Entry*> DictionaryEntries::standing(bool so
 }
 
 void DictionaryEntries::set(std::u16string_view name, uint64_t handle) {
-    const auto number = static_cast<uint32_t>(entries.size());
-    const auto [found, added] = byName.try_emplace(text::FoldCase(name), number);
-    if (added) {
-        entries.push_back({std::u16string(name), handle, -1});
+    if (const auto place = placeOf(name)) {
+        entries[*place].handle = handle;
+        entries[*place].changed = true;
     } else {
-        entries[found->second].handle = handle;
-        entries[found->second].changed = true;
+        append({std::u16string(name), handle, -1});
     }
     dirty = true;
 }
 
 // A later pair of the same name, which was never found before, goes too.
 void DictionaryEntries::remove(std::u16string_view name) {
-    const std::u16string folded = text::FoldCase(name);
-    const auto found = byName.find(folded);
-    if (found == byName.end()) return;
-    entries[found->second].removed = true;
+    const auto place = placeOf(name);
+    if (!place) return;
+    const std::u16string removed = entries[*place].name;
+    entries[*place].removed = true;
+    --live;
     if (duplicates) {
         for (Entry& entry : entries) {
-            if (!entry.removed && text::FoldCase(entry.name) == folded) entry.removed = true;
+            if (entry.hidden && text::CompareNoCase(entry.name, removed) == 0) entry.removed = true;
         }
     }
-    byName.erase(found);
     dirty = true;
 }
 
@@ -145,18 +188,17 @@ void DictionaryEntries::flush() {
 }
 
 void DictionaryEntries::settle() {
-    std::vector<Entry> kept;
-    kept.reserve(byName.size());
-    int place = 0;
-    byName.clear();
-    for (Entry& entry : entries) {
+    std::vector<Entry> former = std::move(entries);
+    entries.clear();
+    entries.reserve(former.size());
+    byName.clear(former.size());
+    live = 0;
+    for (Entry& entry : former) {
         if (entry.removed) continue;
-        entry.place = place++;
+        entry.place = static_cast<int>(entries.size());
         entry.changed = false;
-        byName.try_emplace(text::FoldCase(entry.name), static_cast<uint32_t>(kept.size()));
-        kept.push_back(std::move(entry));
+        append(std::move(entry));
     }
-    entries = std::move(kept);
     dirty = false;
 }
 
@@ -180,8 +222,9 @@ uint64_t DictionaryCache::find(dxf::RecordIndex record, std::u16string_view name
     uint64_t found = 0;
     const auto onPair = [&](const Group& key, const Group& reference) {
         if (found != 0) return;
-        const std::u16string text = store.Codec().Decode(key.value);
-        if (text == name || text::CompareNoCase(text, name) == 0) found = reference.AsHandle();
+        const bool bears = store.Codec().Reads(key.value, name) ||
+                           text::CompareNoCase(store.Codec().Decode(key.value), name) == 0;
+        if (bears) found = reference.AsHandle();
     };
     walkPairs(store, record, onPair, [](const Group&) {});
     return found;

@@ -2,12 +2,38 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 #include "platform/drawing/Groups.h"
+
+// Finds entries by their names without regard to case: places in a list, scattered by the name.
+// Large dictionaries are asked for every object of a drawing, and made of a node for each name they
+// would take longer and three times the memory.
+class NameIndex {
+  public:
+    // The first place whose entry bears the name, as `bears(place)` tells; nothing for none.
+    template <class Bears>
+    std::optional<uint32_t> find(std::u16string_view name, const Bears& bears) const {
+        for (size_t slot = home(name); !slots.empty() && slots[slot] != 0; slot = next(slot)) {
+            if (bears(slots[slot] - 1)) return slots[slot] - 1;
+        }
+        return std::nullopt;
+    }
+    void add(std::u16string_view name, uint32_t place);  // behind those of its name
+    bool full() const { return (used + 1) * 2 > slots.size(); }
+    void clear(size_t room);  // for that many places
+
+  private:
+    size_t home(std::u16string_view name) const;
+    size_t next(size_t slot) const { return (slot + 1) & (slots.size() - 1); }
+
+    std::vector<uint32_t> slots;  // places from 1 on; 0 is free
+    size_t used = 0;
+};
 
 // The entries of one dictionary record. Changes stand here until they are flushed into the record.
 class DictionaryEntries {
@@ -18,6 +44,7 @@ class DictionaryEntries {
         int place;  // which pair of the record it is; -1 for one that the record does not show yet
         bool changed = false;
         bool removed = false;
+        bool hidden = false;  // an entry ahead of it has the same name
     };
 
     DictionaryEntries(dxf::Store& store, dxf::RecordIndex record);
@@ -27,7 +54,7 @@ class DictionaryEntries {
     // Those that find can give, in the order of their coming or by key without regard to case.
     std::vector<const Entry*> standing(bool sorted) const;
     size_t pairs() const { return entries.size(); }
-    size_t count() const { return byName.size(); }
+    size_t count() const { return live; }
     bool hardOwner() const { return hard; }
     bool isDirty() const { return dirty; }
 
@@ -39,12 +66,15 @@ class DictionaryEntries {
     void read();
     std::string pair(const Entry& entry) const;
     void settle();
+    std::optional<uint32_t> placeOf(std::u16string_view name) const;
+    void append(Entry entry);
 
     dxf::Store& store;
     dxf::RecordIndex record;
     std::vector<Entry> entries;
-    std::unordered_map<std::u16string, uint32_t> byName;  // folded; removed ones are not in it
-    bool duplicates = false;                              // the file has two pairs of one name
+    NameIndex byName;         // of the first entry of each name, and of removed ones
+    size_t live = 0;          // entries that find can give
+    bool duplicates = false;  // the file has two pairs of one name
     bool hard = false;
     bool dirty = false;
 };

@@ -5,25 +5,12 @@
 using dxf::kNoRecord;
 using dxf::RecordIndex;
 
-namespace {
-
-bool stands(const dxf::Store& store, RecordIndex index) {
-    return index != kNoRecord && !(store.At(index).flags & dxf::kErased);
-}
-
-}  // namespace
-
 // Ahead of the entities.
 RecordIndex OdDbDatabaseImpl::makeBlocksSection() {
-    if (!stands(store, structure.entitiesBegin) ||
-        store.Previous(structure.entitiesBegin) == kNoRecord) {
+    if (!stands(structure.entitiesBegin) || store.Previous(structure.entitiesBegin) == kNoRecord) {
         throw OdError(eNotApplicable, u"the drawing has no section that its blocks could precede");
     }
-    const RecordIndex before = store.Previous(structure.entitiesBegin);
-    dxf::GroupWriter writer = store.NewWriter(before);
-    const RecordIndex section =
-        store.InsertAfter(before, writer.String(0, "SECTION").String(2, "BLOCKS").Take());
-    return store.InsertAfter(section, store.NewWriter(before).String(0, "ENDSEC").Take());
+    return addSection(store.Previous(structure.entitiesBegin), "BLOCKS").end;
 }
 
 RecordIndex OdDbDatabaseImpl::addBlockRecord(const NewBlock& block, uint64_t handle) {
@@ -64,9 +51,9 @@ BlockIndex::Definition OdDbDatabaseImpl::addDefinition(const NewBlock& block, ui
 }
 
 uint32_t OdDbDatabaseImpl::addBlock(const NewBlock& block) {
-    if (!stands(store, structure.blocksEnd)) structure.blocksEnd = makeBlocksSection();
+    if (!stands(structure.blocksEnd)) structure.blocksEnd = makeBlocksSection();
     const uint64_t handle = block.handle || !writesHandles() ? block.handle : newHandle();
-    const bool withRecord = writesHandles() && stands(store, structure.blockRecords.end);
+    const bool withRecord = writesHandles() && stands(structure.blockRecords.end);
     const RecordIndex record = withRecord ? addBlockRecord(block, handle) : kNoRecord;
     const auto definition =
         addDefinition(block, withRecord ? newHandle() : handle, withRecord ? handle : 0);
@@ -79,7 +66,7 @@ RecordIndex OdDbDatabaseImpl::addEntity(uint32_t block, std::string bytes) {
     const auto [begin, end] = blocks.definition(block);
     RecordIndex behind = end;
     if (block == blocks.modelSpace()) behind = structure.entitiesEnd;
-    if (!stands(store, behind)) {
+    if (!stands(behind)) {
         throw OdError(eNotApplicable,
                       u"the drawing has no place for entities of block " + blocks.nameOf(block));
     }

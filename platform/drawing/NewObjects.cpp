@@ -8,14 +8,6 @@
 using dxf::kNoRecord;
 using dxf::RecordIndex;
 
-namespace {
-
-bool stands(const dxf::Store& store, RecordIndex index) {
-    return index != kNoRecord && !(store.At(index).flags & dxf::kErased);
-}
-
-}  // namespace
-
 uint64_t OdDbDatabaseImpl::newHandle() {
     uint64_t handle;
     do {
@@ -29,22 +21,32 @@ void OdDbDatabaseImpl::assignMemoryHandle(RecordIndex index) {
 }
 
 RecordIndex OdDbDatabaseImpl::lastObject() {
-    if (!stands(store, structure.objectsEnd)) structure.objectsEnd = makeObjectsSection();
+    if (!stands(structure.objectsEnd)) structure.objectsEnd = makeObjectsSection();
     return store.Previous(structure.objectsEnd);
 }
 
 RecordIndex OdDbDatabaseImpl::makeObjectsSection() {
     RecordIndex before = structure.entitiesEnd;
-    if (!stands(store, before)) before = structure.lastSectionEnd;
-    if (!stands(store, before)) {
+    if (!stands(before)) before = structure.lastSectionEnd;
+    if (!stands(before)) {
         throw OdError(eNotApplicable,
                       u"the drawing has no complete section that a new one could follow");
     }
+    const NewSection section = addSection(before, "OBJECTS");
+    structure.objectsBegin = section.begin;
+    return section.end;
+}
+
+bool OdDbDatabaseImpl::stands(RecordIndex index) const {
+    return index != kNoRecord && !(store.At(index).flags & dxf::kErased);
+}
+
+OdDbDatabaseImpl::NewSection OdDbDatabaseImpl::addSection(RecordIndex before,
+                                                          std::string_view name) {
     dxf::GroupWriter writer = store.NewWriter(before);
-    const RecordIndex section =
-        store.InsertAfter(before, writer.String(0, "SECTION").String(2, "OBJECTS").Take());
-    structure.objectsBegin = section;
-    return store.InsertAfter(section, store.NewWriter(section).String(0, "ENDSEC").Take());
+    const RecordIndex begin =
+        store.InsertAfter(before, writer.String(0, "SECTION").String(2, name).Take());
+    return {begin, store.InsertAfter(begin, store.NewWriter(before).String(0, "ENDSEC").Take())};
 }
 
 RecordIndex OdDbDatabaseImpl::rootDictionaryForWrite() {
@@ -85,23 +87,19 @@ bool OdDbDatabaseImpl::newRegApp(const OdString& application) {
 }
 
 RecordIndex OdDbDatabaseImpl::lastOf(DrawingStructure::Table& table, std::string_view name) {
-    if (!stands(store, table.end)) table.end = makeTable(table, name);
+    if (!stands(table.end)) table.end = makeTable(table, name);
     return store.Previous(table.end);
 }
 
 // In the TABLES section, or in one made for it.
 RecordIndex OdDbDatabaseImpl::makeTable(DrawingStructure::Table& table, std::string_view name) {
-    RecordIndex before = stands(store, structure.tablesEnd) ? store.Previous(structure.tablesEnd)
-                                                            : structure.lastSectionEnd;
-    if (!stands(store, before)) {
+    RecordIndex before = stands(structure.tablesEnd) ? store.Previous(structure.tablesEnd)
+                                                     : structure.lastSectionEnd;
+    if (!stands(before)) {
         throw OdError(eNotApplicable,
                       u"the drawing has no complete section that its tables could follow");
     }
-    const bool ownSection = before == structure.lastSectionEnd;
-    if (ownSection) {
-        dxf::GroupWriter section = store.NewWriter(before);
-        before = store.InsertAfter(before, section.String(0, "SECTION").String(2, "TABLES").Take());
-    }
+    if (before == structure.lastSectionEnd) before = addSection(before, "TABLES").begin;
     dxf::GroupWriter writer = store.NewWriter(before);
     writer.String(0, "TABLE").String(2, name);
     if (writesHandles()) {
@@ -111,8 +109,5 @@ RecordIndex OdDbDatabaseImpl::makeTable(DrawingStructure::Table& table, std::str
     if (&table == &structure.applications && virtualObject(regAppTable)) {
         virtuals[regAppTable - kFirstVirtual].written = table.table;
     }
-    const RecordIndex end =
-        store.InsertAfter(table.table, store.NewWriter(before).String(0, "ENDTAB").Take());
-    if (ownSection) store.InsertAfter(end, store.NewWriter(before).String(0, "ENDSEC").Take());
-    return end;
+    return store.InsertAfter(table.table, store.NewWriter(before).String(0, "ENDTAB").Take());
 }

@@ -90,7 +90,7 @@ OdString OdResBuf::getString() const {
     if (source) {
         return group.IsString() ? OdString(source->codec.Decode(group.value)) : OdString();
     }
-    if (const auto* text = std::get_if<OdString>(&value)) return *text;
+    if (const auto* text = std::get_if<std::u16string>(&value)) return *text;
     if (const auto* handle = std::get_if<OdDbHandle>(&value)) return handle->ascii();
     return OdString();
 }
@@ -110,7 +110,7 @@ int64_t OdResBuf::getInt64() const {
 OdDbHandle OdResBuf::getHandle() const {
     if (source) return group.IsString() ? OdDbHandle(group.AsHandle()) : OdDbHandle();
     if (const auto* handle = std::get_if<OdDbHandle>(&value)) return *handle;
-    const auto* text = std::get_if<OdString>(&value);
+    const auto* text = std::get_if<std::u16string>(&value);
     return text ? OdDbHandle(text->c_str()) : OdDbHandle();
 }
 
@@ -132,16 +132,16 @@ std::string OdResBuf::getBinaryChunk() const {
 void OdResBuf::setRestype(int restype) {
     if (restype == type) return;
     if (source && group.IsString()) setString(getString());
-    source.reset();
+    source.release();
     type = restype;
 }
 
 void OdResBuf::setValue(Value newValue) {
-    source.reset();
+    source.release();
     value = std::move(newValue);
 }
 
-void OdResBuf::setString(const OdString& text) { setValue(text); }
+void OdResBuf::setString(const OdString& text) { setValue(text.text()); }
 void OdResBuf::setDouble(double number) { setValue(number); }
 void OdResBuf::setInt64(int64_t number) { setValue(number); }
 void OdResBuf::setHandle(const OdDbHandle& handle) { setValue(handle); }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -85,9 +84,15 @@ class OdResBuf : public OdRxObject {
         std::string bytes;
         dxf::TextCodec codec;
         const void* store;  // where the bytes may go back to as they are
+        long references = 0;
+
+        void addRef() { ++references; }
+        void release() {
+            if (--references == 0) delete this;
+        }
     };
-    using Value = std::variant<std::monostate, OdString, double, int64_t, OdDbHandle, OdGePoint3d,
-                               std::string>;
+    using Value = std::variant<std::monostate, std::u16string, double, int64_t, OdDbHandle,
+                               OdGePoint3d, std::string>;
 
     explicit OdResBuf(int restype) : type(restype) {}
     std::string_view sourceBytes() const;  // the groups as they were read; empty for a made entry
@@ -96,8 +101,8 @@ class OdResBuf : public OdRxObject {
     long references = 0;
     int type;
     OdResBufPtr following;
-    std::shared_ptr<const Source> source;  // null for an entry that was made or changed
-    dxf::Group group;                      // its first group in the source
-    uint32_t end = 0;                      // where its last group ends in the source
+    OdSmartPtr<Source> source;  // null for an entry that was made or changed
+    dxf::Group group;           // its first group in the source
+    uint32_t end = 0;           // where its last group ends in the source
     Value value;
 };

@@ -54,20 +54,23 @@ bool fits(dxf::ValueKind kind, int64_t value) {
 
 }  // namespace
 
+bool IsCoordinateOf(int former, int code) {
+    return isPoint(former) && (code == former + 10 || code == former + 20);
+}
+
 OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, uint32_t from,
                                uint32_t to) {
     if (from >= to) return OdResBufPtr();
     const std::string_view bytes = store.Bytes(index).substr(from, to - from);
-    auto source = std::make_shared<OdResBuf::Source>(
-        OdResBuf::Source{std::string(bytes), store.Codec(), &store});
+    const OdSmartPtr<OdResBuf::Source> source(
+        new OdResBuf::Source{std::string(bytes), store.Codec(), &store});
     OdResBufPtr first;
     OdResBuf* last = nullptr;
     size_t count = 0;
     auto reader = store.Groups(index, from);
     dxf::Group group;
     while (reader.Next(group) && group.begin < to) {
-        const bool coordinate = last && isPoint(last->type) &&
-                                (group.code == last->type + 10 || group.code == last->type + 20);
+        const bool coordinate = last && IsCoordinateOf(last->type, group.code);
         if (coordinate) {
             auto& point = std::get<OdGePoint3d>(last->value);
             (group.code == last->type + 10 ? point.y : point.z) = group.AsDouble();
@@ -135,7 +138,7 @@ void ResBufWriter::WriteValue(const OdResBuf& entry) {
 }
 
 void ResBufWriter::WriteString(const OdResBuf& entry) {
-    const bool text = entry.source || std::holds_alternative<OdString>(entry.value) ||
+    const bool text = entry.source || std::holds_alternative<std::u16string>(entry.value) ||
                       std::holds_alternative<OdDbHandle>(entry.value);
     if (!text) Refuse(entry);
     if (isHandle(entry.type)) {

@@ -7,6 +7,9 @@
 #include "platform/drawing/ResBuf.h"
 #include "platform/drawing/dxf/Store.h"
 
+// Whether a group of that code holds y or z of the point whose x is of the former code.
+bool IsCoordinateOf(int former, int code);
+
 class ResBufReader {
   public:
     // The groups from `from` up to `to` of a record; null when there are none.

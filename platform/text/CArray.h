@@ -30,6 +30,7 @@ class CArray {
         return GetSize() - 1;
     }
     void RemoveAt(int index) { elements.erase(elements.begin() + Checked(index)); }
+    void SetSize(int size) { elements.resize(static_cast<size_t>(size)); }
     void RemoveAll() { elements.clear(); }
 
   private:

@@ -203,25 +203,38 @@ size_t AsciiPrefix(std::string_view bytes) {
     return length;
 }
 
-// Strict: the bytes of a surrogate are undecodable like those of any other malformed sequence.
+char16_t* WriteUnits(char32_t codePoint, char16_t* to) {
+    if (codePoint >= 0x10000) {
+        *to++ = static_cast<char16_t>(0xD7C0 + (codePoint >> 10));
+        codePoint = 0xDC00 | (codePoint & 0x3FF);
+    }
+    *to++ = static_cast<char16_t>(codePoint);
+    return to;
+}
+
+// Strict: the bytes of a surrogate are undecodable like those of any other malformed sequence. No
+// byte gives more than one unit.
 void DecodeUtf8(std::string_view bytes, std::u16string& out) {
+    const size_t start = out.size();
+    out.resize(start + bytes.size());
+    char16_t* to = out.data() + start;
     for (size_t i = 0; i < bytes.size();) {
-        size_t start = i;
-        if (static_cast<unsigned char>(bytes[i]) < 0x80) {
-            out += static_cast<char16_t>(bytes[i++]);
+        const auto byte = static_cast<unsigned char>(bytes[i]);
+        if (byte < 0x80) {
+            *to++ = byte;
+            ++i;
             continue;
         }
-        std::optional<char32_t> codePoint = text::NextNarrow(bytes, i);
+        const size_t first = i;
+        const std::optional<char32_t> codePoint = text::NextNarrow(bytes, i);
         if (codePoint && !IsSurrogate(*codePoint)) {
-            text::AppendWide(*codePoint, out);
+            to = WriteUnits(*codePoint, to);
         } else {
-            out += UndecodableByte(bytes[start]);
-            i = start + 1;
+            *to++ = UndecodableByte(byte);
+            i = first + 1;
         }
-        size_t ascii = AsciiPrefix(bytes.substr(i));
-        out.append(bytes.begin() + i, bytes.begin() + i + ascii);
-        i += ascii;
     }
+    out.resize(to - out.data());
 }
 
 // No byte gives more than one unit.

@@ -8,6 +8,7 @@
 namespace window {
 
 struct ListRows::Row {
+    explicit Row(std::pmr::memory_resource* memory) : texts(memory) {}
     PackedTexts texts;  // of the columns up to the last one that was set
     int number = 0;     // right for the first `numbered` rows
     Data data = 0;
@@ -16,21 +17,30 @@ struct ListRows::Row {
 ListRows::ListRows() = default;
 ListRows::~ListRows() = default;
 
+ListRows::Row* ListRows::NewRow() {
+    if (spare.empty()) return &made.emplace_back(&memory);
+    Row* const row = spare.back();
+    spare.pop_back();
+    row->texts.Clear();
+    return row;
+}
+
 int ListRows::Insert(int row, std::u16string_view text, Data data) {
     if (row < 0 || row > Count()) row = Count();
-    auto made = std::make_unique<Row>();
-    made->texts.Set(0, text);
-    made->data = data;
-    made->number = row;
-    if (data) index.emplace(data, made.get());
+    Row* const inserted = NewRow();
+    inserted->texts.Set(0, text);
+    inserted->data = data;
+    inserted->number = row;
+    if (data) index.emplace(data, inserted);
     const bool known = row == Count() && numbered == row;
-    rows.insert(rows.begin() + row, std::move(made));
+    rows.insert(rows.begin() + row, inserted);
     numbered = known ? row + 1 : std::min(numbered, row);
     return row;
 }
 
 void ListRows::Erase(int row) {
     Forget(At(row));
+    spare.push_back(rows[row]);
     rows.erase(rows.begin() + row);
     numbered = std::min(numbered, row);
 }
@@ -39,6 +49,7 @@ void ListRows::Clear() {
     index.clear();
     selected.clear();
     focused = mark = nullptr;
+    spare.insert(spare.end(), rows.rbegin(), rows.rend());
     rows.clear();
     numbered = 0;
 }
@@ -51,12 +62,12 @@ void ListRows::Reserve(int count) {
 void ListRows::InsertColumn(int column) {
     // The text of a list without columns becomes that of its first column.
     if (columns > 0)
-        for (const auto& row : rows) row->texts.Insert(static_cast<size_t>(column));
+        for (Row* row : rows) row->texts.Insert(static_cast<size_t>(column));
     ++columns;
 }
 
 void ListRows::EraseColumn(int column) {
-    for (const auto& row : rows) row->texts.Erase(static_cast<size_t>(column));
+    for (Row* row : rows) row->texts.Erase(static_cast<size_t>(column));
     --columns;
 }
 
@@ -155,9 +166,7 @@ int ListRows::SetMark(int row) {
 }
 
 void ListRows::Sort(const Compare& compare) {
-    std::vector<Row*> sorted;
-    sorted.reserve(rows.size());
-    for (const auto& row : rows) sorted.push_back(row.get());
+    std::vector<Row*> sorted = rows;
     const bool distinct = AllDataDiffer();
     const auto before = [&](const Row* a, const Row* b) {
         // Comparisons find their rows by these data: two look-ups fewer for each of them.
@@ -169,8 +178,7 @@ void ListRows::Sort(const Compare& compare) {
         ~EndOfComparing() { list.compared = {}; }
     } end{*this};
     std::stable_sort(sorted.begin(), sorted.end(), before);
-    for (auto& row : rows) static_cast<void>(row.release());
-    for (size_t i = 0; i < sorted.size(); ++i) rows[i].reset(sorted[i]);
+    rows = std::move(sorted);
     numbered = 0;
 }
 

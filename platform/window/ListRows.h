@@ -4,8 +4,9 @@
 
 #include <array>
 #include <cstdint>
+#include <deque>
 #include <functional>
-#include <memory>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -30,7 +31,7 @@ class ListRows {
     int Insert(int row, std::u16string_view text,
                Data data);  // anywhere outside: the end; its number
     void Erase(int row);
-    void Clear();
+    void Clear();  // the rows to come take over the memory of these
     void Reserve(int count);
 
     int Columns() const { return columns; }
@@ -77,11 +78,18 @@ class ListRows {
     void RemoveFromIndex(Row& row);
     bool AllDataDiffer() const;
 
-    std::vector<std::unique_ptr<Row>> rows;
+    Row* NewRow();
+
+    // Rows, texts and index each lie close together: a sort goes through them again and again.
+    std::pmr::unsynchronized_pool_resource memory;
+    std::deque<Row> made;  // the owner
+    std::vector<Row*> rows;
+    std::vector<Row*> spare;   // the last of them is used first
     mutable int numbered = 0;  // so many rows at the head know their number
     int columns = 0;
     bool single = false;
-    std::unordered_multimap<Data, Row*> index;  // of data other than 0, which every row begins with
+    // Of data other than 0, which every row begins with.
+    std::pmr::unordered_multimap<Data, Row*> index{&memory};
     std::unordered_set<Row*> selected;
     Row* focused = nullptr;
     Row* mark = nullptr;

@@ -35,7 +35,7 @@ void PackedTexts::Erase(size_t number) {
 // No more than that: a string that grows by itself takes twice what it holds.
 void PackedTexts::Reserve(size_t units) {
     if (units <= block.capacity()) return;
-    std::u16string roomy;
+    std::pmr::u16string roomy(block.get_allocator());
     roomy.reserve(units);
     roomy += block;
     block = std::move(roomy);

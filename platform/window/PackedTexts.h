@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,7 @@ namespace window {
 // array of strings costs two, and takes less room. Changing a text moves those behind it.
 class PackedTexts {
   public:
+    explicit PackedTexts(std::pmr::memory_resource* memory) : block(memory) {}
     size_t Count() const { return count; }
     // Empty for a number out of range; good until the next change.
     std::u16string_view At(size_t number) const {
@@ -21,6 +23,10 @@ class PackedTexts {
     void Set(size_t number, std::u16string_view text);  // beyond the last: empty ones between
     void Insert(size_t number);                         // an empty one; beyond the last: nothing
     void Erase(size_t number);                          // beyond the last: nothing
+    void Clear() {                                      // and keeps the memory
+        block.clear();
+        count = 0;
+    }
 
   private:
     // Two units for each text tell where it ends, counted from the first one's beginning.
@@ -33,7 +39,7 @@ class PackedTexts {
     void Add(size_t number);  // an empty one
     void Reserve(size_t units);
 
-    std::u16string block;
+    std::pmr::u16string block;
     uint32_t count = 0;
 };
 

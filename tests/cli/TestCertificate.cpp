@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "apps/cli/Certificate.h"
+#include "apps/cli/Failure.h"
 #include "tests/cli/SampleDrawing.h"
 
 namespace {
@@ -89,6 +90,46 @@ TEST(Certificate, AnUnchangedFileLacksTheExpectedTexts) {
     const Certificate certificate = Certify(SampleDrawing(), SampleDrawing(), false);
     EXPECT_EQ(certificate.strings, 0u);
     EXPECT_EQ(certificate.others, 3u);
+}
+
+// Long enough that its halves are compared side by side. Every third text is translated.
+constexpr int kTexts = 3000;
+
+std::string LongDrawing(bool translated, int sabotaged = -1, const std::string& with = {}) {
+    std::string file = "0 SECTION\n2 ENTITIES\n";
+    for (int i = 0; i < kTexts; ++i) {
+        const std::string text = translated && i % 3 == 0 ? "Klemme" : "Borne";
+        const std::string place = "0 TEXT\n5 " + cli::HexHandle(0x1000u + i) + "\n8 P1\n40 2.5\n1 ";
+        file += i == sabotaged ? with : place + text + std::to_string(i) + "\n";
+    }
+    return Groups(file + "0 ENDSEC\n0 EOF\n");
+}
+
+Certificate CertifyLong(const std::string& after) {
+    cli::Expectation expectation;
+    std::vector<std::u16string> words;
+    words.reserve(2 * kTexts);
+    for (int i = 0; i < kTexts; i += 3) {
+        const std::string number = std::to_string(i);
+        const std::u16string wide(number.begin(), number.end());
+        words.push_back(u"Borne" + wide);
+        words.push_back(u"Klemme" + wide);
+        expectation.texts.push_back({0x1000u + i, false, words[words.size() - 2], words.back()});
+    }
+    return cli::Certify(*dxf::Store::Parse(LongDrawing(false)), after, expectation);
+}
+
+TEST(Certificate, ALongDrawingIsComparedToItsEnd) {
+    const Certificate whole = CertifyLong(LongDrawing(true));
+    EXPECT_EQ(whole.strings, kTexts / 3u);
+    EXPECT_TRUE(whole.Holds()) << whole.firstOther;
+    for (const int place :
+         {0, 1, 700, kTexts / 2 - 1, kTexts / 2, kTexts / 2 + 1, 2200, kTexts - 1}) {
+        const std::string text =
+            "0 TEXT\n5 " + cli::HexHandle(0x1000u + place) + "\n8 P1\n40 2.5\n1 Bornes\n";
+        EXPECT_FALSE(CertifyLong(LongDrawing(true, place, text)).Holds()) << place;
+        EXPECT_FALSE(CertifyLong(LongDrawing(true, place)).Holds()) << place;
+    }
 }
 
 // Recording adds objects below its key in the root dictionary, and nowhere else.

@@ -60,10 +60,11 @@ TEST_F(Switch, TextsAndWiresOfAnyContentComeBackByteByByte) {
         for (int i = 0; i < 14; ++i) made += letters[static_cast<int>(random() % letters.size())];
         return (made + '>').toStdString();
     };
-    std::string entities, terms = "Português,English,Deutsch\n";
+    std::string entities, terms = "Português,English,Deutsch\n", wire, english;
     for (int i = 0; i < 40; ++i) {
         const std::string term = text(), handle = QString::number(0x200 + i, 16).toStdString();
-        terms += term + "," + text() + "," + text() + "\n";
+        wire = std::exchange(english, text());
+        terms += term + "," + english + "," + text() + "\n";
         entities += i % 2 ? Groups("0 TEXT\n5 " + handle + "\n8 P1\n40 2.5\n1 " + term + "\n")
                           : Groups("0 LWPOLYLINE\n5 " + handle +
                                    "\n8 P2\n90 0\n1001 VRN_TQ_WIRE\n"
@@ -90,6 +91,20 @@ TEST_F(Switch, TextsAndWiresOfAnyContentComeBackByteByByte) {
             EXPECT_EQ(WithoutRecords(Read("in.dxf")), WithoutRecords(drawing));
         }
     }
+    // What is edited in a language comes back on the next switch to it.
+    ASSERT_EQ(To("2", {"-o", "in.dxf"}).status, 0);
+    const auto edited = [](const std::string& before) { return Groups(before + "by hand\n"); };
+    const std::string byHand =
+        Replaced(Replaced(Read("in.dxf"), Groups("8 P1\n40 2.5\n1 " + english + "\n"),
+                          edited("8 P1\n40 2.5\n1 ")),
+                 Groups("1000 W^L" + wire + "\n"), edited("1000 W^L"));
+    Write("in.dxf", byHand);
+    const CliResult back = To("1", {"-o", "in.dxf"});
+    EXPECT_NE(back.out.find("switched        49\nnot reversible  2\n"), std::string::npos)
+        << back.out;
+    EXPECT_EQ(WithoutRecords(Read("in.dxf")), WithoutRecords(drawing));
+    ASSERT_EQ(To("2", {"-o", "in.dxf"}).status, 0);
+    EXPECT_EQ(WithoutRecords(Read("in.dxf")), WithoutRecords(byHand));
 }
 
 struct Remark {

@@ -2,7 +2,6 @@
 #include "tests/host/Support.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -24,8 +23,6 @@ class Application : public testing::Environment {
 };
 
 const auto* const installed = testing::AddGlobalTestEnvironment(new Application);
-
-constexpr unsigned kNobody = 65534;
 
 // Pairs of code and value as lines.
 std::string Groups(std::initializer_list<std::pair<int, std::string>> groups) {
@@ -64,25 +61,6 @@ void RunRaw(const QString& file, const QStringList& statements) {
     }
     QSqlDatabase::removeDatabase("raw");
 }
-
-OrdinaryUser::OrdinaryUser() : before(geteuid()) {
-    if (before != 0) return;
-    EXPECT_EQ(seteuid(kNobody), 0);
-}
-
-OrdinaryUser::~OrdinaryUser() {
-    if (before != 0) return;
-    EXPECT_EQ(seteuid(0), 0);
-}
-
-ReadOnly::ReadOnly(const QString& path) : path(path.toStdString()) {
-    struct stat status;
-    EXPECT_EQ(stat(this->path.c_str(), &status), 0);
-    before = status.st_mode & 07777;
-    EXPECT_EQ(chmod(this->path.c_str(), before & 0555), 0);
-}
-
-ReadOnly::~ReadOnly() { chmod(path.c_str(), before); }
 
 QSqlQuery TextQuery::Prepare(QSqlDatabase database) const {
     QSqlQuery query(database);

@@ -12,6 +12,7 @@
 
 #include "platform/drawing/DbDatabase.h"
 #include "platform/kernel/KVQuery.h"
+#include "tests/support/Permissions.h"
 
 // Where the dictionary of a test is: what must hold for a file must hold on a server too.
 enum class Where { File, Server };
@@ -46,27 +47,6 @@ class DictionaryPlace : public testing::TestWithParam<Where> {
 
 // Statements on a file as a program other than this one would run them.
 void RunRaw(const QString& file, const QStringList& statements);
-
-// Tests may run as root, whom no permission stops: while this lives they do not.
-class OrdinaryUser {
-  public:
-    OrdinaryUser();
-    ~OrdinaryUser();
-
-  private:
-    unsigned before;
-};
-
-// Permissions of a file or folder, given back at the end.
-class ReadOnly {
-  public:
-    explicit ReadOnly(const QString& path);
-    ~ReadOnly();
-
-  private:
-    std::string path;
-    unsigned before;
-};
 
 class TextQuery : public CKVQuery {
   public:

@@ -1,8 +1,5 @@
 // A database in a file that fails while it is open: full, read-only, removed, replaced.
-#include <sys/resource.h>
-
 #include <QFile>
-#include <csignal>
 
 #include "tests/host/DatabaseTest.h"
 
@@ -17,17 +14,12 @@ TEST_P(DatabaseFile, FailureThatLosesTheTransactionLogsEveryLostWrite) {
     auto database = Open();
     ASSERT_TRUE(database->ExecuteSync(Insert("first")).succeeded());
     database->Commit();
-    rlimit before;
-    getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlim_t size = QFile(folder.File("dictionary.sqlite")).size();
-    const rlimit limit{size, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);  // as a disk without room for one page more
     const QString large(5000, 'x');
-    for (int i = 0; i < 3; ++i) database->ExecuteAsync(Insert(large + QString::number(i)));
-    database->Commit();
-    setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
+    {
+        const FullDisk disk(QFile(folder.File("dictionary.sqlite")).size());
+        for (int i = 0; i < 3; ++i) database->ExecuteAsync(Insert(large + QString::number(i)));
+        database->Commit();
+    }
     database->ExecuteAsync(Insert("after"));
     database.reset();
 

@@ -56,20 +56,25 @@ TEST_P(DatabaseServer, BurstThatLostItsConnectionIsRepeatedOnce) {
     EXPECT_TRUE(Log().isEmpty()) << Log().join('\n').toStdString();
 }
 
-TEST_P(DatabaseServer, CommitThatLostItsConnectionIsRepeated) {
+// The server ends the connection three times: at a statement, then at its commit.
+TEST_P(DatabaseServer, WhatLostItsConnectionAgainAndAgainIsRepeated) {
     auto database = Open();
     database->Open();
-    server.Run(Url(),
-               {"CREATE SEQUENCE COMMITS",
-                "CREATE FUNCTION BREAK() RETURNS trigger LANGUAGE plpgsql AS $$ BEGIN IF "
-                "nextval('COMMITS') = 1 THEN PERFORM pg_terminate_backend(pg_backend_pid()); "
-                "END IF; RETURN NULL; END $$",
-                "CREATE CONSTRAINT TRIGGER BREAKS AFTER INSERT ON BDGROUP DEFERRABLE "
-                "INITIALLY DEFERRED FOR EACH ROW EXECUTE FUNCTION BREAK()"});
-    database->ExecuteAsync(Insert("a"));
-    database->Commit();
-    EXPECT_EQ(StoredGroups(), QStringList{"a"});
-    EXPECT_EQ(server.Run(Url(), {"SELECT last_value FROM COMMITS"}), 2);
+    for (const char* moment : {"IMMEDIATE", "DEFERRED"}) {
+        server.Run(Url(),
+                   {"DROP SEQUENCE IF EXISTS TRIES", "CREATE SEQUENCE TRIES",
+                    "CREATE OR REPLACE FUNCTION BREAK() RETURNS trigger LANGUAGE plpgsql AS $$ "
+                    "BEGIN IF nextval('TRIES') <= 3 THEN PERFORM "
+                    "pg_terminate_backend(pg_backend_pid()); END IF; RETURN NULL; END $$",
+                    "DROP TRIGGER IF EXISTS BREAKS ON BDGROUP",
+                    QStringLiteral("CREATE CONSTRAINT TRIGGER BREAKS AFTER INSERT ON BDGROUP "
+                                   "DEFERRABLE INITIALLY %1 FOR EACH ROW EXECUTE FUNCTION BREAK()")
+                        .arg(moment)});
+        database->ExecuteAsync(Insert(moment));
+        database->Commit();
+        EXPECT_EQ(server.Run(Url(), {"SELECT last_value FROM TRIES"}), 4) << moment;
+    }
+    EXPECT_EQ(StoredGroups(), (QStringList{"DEFERRED", "IMMEDIATE"}));
     EXPECT_TRUE(Log().isEmpty()) << Log().join('\n').toStdString();
 }
 

@@ -112,12 +112,15 @@ TEST_F(AcoesSobreLinhas, AFreshColumnComesFromTheFirstEqualTermAndAddsNothing) {
     Casar();
     banco->Run("UPDATE BDTRANSLATOR SET LANGUAGE3 = 'Motor'");
     banco->Run("INSERT INTO BDTRANSLATOR VALUES (2, 'Motor', '', 'later'), (3, 'Bomba', '', 'x')");
-    AtualizarColuna(tabela, 0, 1);
+    const auto atualizar = [&](size_t comparada) {
+        AtualizarColuna(tabela, IBDIdiomas().GetTerms().get(), comparada, 1);
+    };
+    atualizar(0);
     ASSERT_EQ(tabela.traducoes->terms.size(), 1u);
     EXPECT_EQ(tabela.traducoes->terms[0].translations[1], u"Motor");
-    EXPECT_THROW(AtualizarColuna(tabela, 2, 1), std::out_of_range);
+    EXPECT_THROW(atualizar(2), std::out_of_range);
     banco->Run("DELETE FROM BDTRANSLATOR");
-    AtualizarColuna(tabela, 2, 1);  // no terms, nothing to compare
+    atualizar(2);  // no terms, nothing to compare
 }
 
 TEST_F(AcoesSobreLinhas, TheProjectDictionaryHasATermPerObjectAndMakesTheLinesAnew) {

@@ -64,20 +64,6 @@ TEST_F(ServerIdiomas, TermsAreAddedChangedAndRemovedAsInAFile) {
     EXPECT_THAT(registro, testing::IsEmpty());
 }
 
-TEST_F(ServerIdiomas, ALanguageOutOfUseKeepsItsTexts) {
-    structTermo termo{-1, {u"a", u"b", u"c"}};
-    bd.SaveTerm(termo);
-    bd.UpdateLang({u"2", u"English (UK)", u"0"});
-    EXPECT_EQ(bd.GetAllLang().at(1).descr, u"English (UK)");
-    structTermo mudado{1, {u"A", u"C"}};
-    bd.SaveTerm(mudado);
-    structTermo novo{-1, {u"d", u"e"}};
-    bd.SaveTerm(novo);
-    banco->Commit();
-    EXPECT_EQ(Textos(), (std::vector<QStringList>{{"A", "b", "C"}, {"d", "", "e"}}));
-    EXPECT_THAT(registro, testing::IsEmpty());
-}
-
 // With no language in use the statement is none, and the burst around it stands.
 TEST_F(ServerIdiomas, AStatementThatFailsLeavesTheOthers) {
     structTermo termo{-1, {u"a", u"b", u"c"}};

@@ -194,10 +194,3 @@ TEST(MainWindow, ForgetsAWidgetThatIsGone) {
 }
 
 }  // namespace
-
-int main(int argumentCount, char** arguments) {
-    if (qEnvironmentVariableIsEmpty("DISPLAY")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    testing::InitGoogleTest(&argumentCount, arguments);
-    QApplication application(argumentCount, arguments);
-    return RUN_ALL_TESTS();
-}

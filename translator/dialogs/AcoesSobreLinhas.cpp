@@ -50,8 +50,8 @@ bool GarantirDicionario(ITabelaExpressoes& tabela) {
     return tabela.traducoes != nullptr;
 }
 
-void AtualizarColuna(ITabelaExpressoes& tabela, size_t comparada, size_t copiada) {
-    const auto novos = IBDIdiomas().GetTerms();
+void AtualizarColuna(ITabelaExpressoes& tabela, const IBDIdiomas::structTraducoes* novos,
+                     size_t comparada, size_t copiada) {
     if (!novos || !tabela.traducoes || tabela.traducoes->terms.empty()) return;
     std::unordered_map<std::u16string_view, const structTermo*> primeiros;
     primeiros.reserve(novos->terms.size());

@@ -22,10 +22,11 @@ using TermosFeitos = std::deque<IBDIdiomas::structTermo>;
 // without rows stays null.
 bool GarantirDicionario(ITabelaExpressoes& tabela);
 
-// Copies a column of the database's terms into those in memory; the first of the database's that is
+// Copies a column of the new terms (null: none) into those in memory; the first new one that is
 // equal in the compared column rules. Nothing is added. The columns are taken as they are given:
 // one that a term lacks raises std::out_of_range.
-void AtualizarColuna(ITabelaExpressoes& tabela, size_t comparada, size_t copiada);
+void AtualizarColuna(ITabelaExpressoes& tabela, const IBDIdiomas::structTraducoes* novos,
+                     size_t comparada, size_t copiada);
 
 // Makes what the drawing remembers the dictionary in memory, and groups the objects anew: all hand
 // work is gone. The key of the project's language is one of GetAllLang.

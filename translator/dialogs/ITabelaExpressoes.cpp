@@ -20,25 +20,37 @@ std::optional<size_t> PosicaoDe(const std::vector<TQString>& nomes, const TQStri
     return static_cast<size_t>(achado - nomes.begin());
 }
 
-// The term of each line: the first one that has the line's text in that column, or null.
-std::vector<structTermo*> TermosDasLinhas(const ITabelaExpressoes::ListaExpressoes& linhas,
-                                          std::vector<structTermo>& termos, size_t coluna) {
+// The texts of that column; primeiros becomes the first term of each.
+IndiceTextos IndiceDosTermos(std::vector<structTermo>& termos, size_t coluna,
+                             std::vector<structTermo*>& primeiros) {
     IndiceTextos::Vistas textos;
     textos.reserve(termos.size());
     for (const structTermo& termo : termos) textos.emplace_back(termo.translations.at(coluna));
     std::vector<uint32_t> numeros;
-    const IndiceTextos indice(textos, numeros);
-    std::vector<structTermo*> primeiros;
+    IndiceTextos indice(textos, numeros);
     for (size_t i = 0; i < numeros.size(); ++i) {
         if (numeros[i] == primeiros.size()) primeiros.push_back(&termos[i]);
     }
-    IndiceTextos::Vistas originais;
-    originais.reserve(linhas.size());
-    for (const auto& linha : linhas) originais.emplace_back(linha->original);
+    return indice;
+}
+
+// The term of each line: the first one that has the line's text in that column, or null.
+std::vector<structTermo*> TermosDasLinhas(const ITabelaExpressoes::ListaExpressoes& linhas,
+                                          std::vector<structTermo>& termos, size_t coluna) {
+    std::vector<structTermo*> primeiros;
+    const IndiceTextos indice = IndiceDosTermos(termos, coluna, primeiros);
     std::vector<structTermo*> achados;
     achados.reserve(linhas.size());
-    for (uint32_t numero : indice.Procurar(originais)) {
-        achados.push_back(numero == IndiceTextos::kNenhum ? nullptr : primeiros[numero]);
+    // A part of the lines at a time: this is where the most memory is in use.
+    constexpr size_t kParte = 16384;
+    for (size_t inicio = 0; inicio < linhas.size(); inicio += kParte) {
+        IndiceTextos::Vistas originais;
+        for (size_t i = inicio; i < std::min(inicio + kParte, linhas.size()); ++i) {
+            originais.emplace_back(linhas[i]->original);
+        }
+        for (uint32_t numero : indice.Procurar(originais)) {
+            achados.push_back(numero == IndiceTextos::kNenhum ? nullptr : primeiros[numero]);
+        }
     }
     return achados;
 }
@@ -55,20 +67,21 @@ size_t NumerarTextos(const std::vector<ETraduzivel*>& objetos, std::vector<uint3
 // The objects of each line side by side, in scan order.
 class ObjetosPorLinha {
   public:
-    ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos, const std::vector<uint32_t>& linhas,
-                    size_t quantidade)
-        : fins(quantidade), ordenados(objetos.size()) {
+    explicit ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos) : ordenados(objetos.size()) {
+        std::vector<uint32_t> linhas;
+        fins.resize(NumerarTextos(objetos, linhas));
         for (uint32_t linha : linhas) ++fins[linha];
-        std::exclusive_scan(fins.begin(), fins.end(), fins.begin(), size_t{0});
+        std::exclusive_scan(fins.begin(), fins.end(), fins.begin(), uint32_t{0});
         for (size_t i = 0; i < objetos.size(); ++i) ordenados[fins[linhas[i]]++] = objetos[i];
     }
+    size_t Quantidade() const { return fins.size(); }
     std::span<ETraduzivel* const> Da(size_t linha) const {
         const size_t inicio = linha == 0 ? 0 : fins[linha - 1];
         return std::span(ordenados).subspan(inicio, fins[linha] - inicio);
     }
 
   private:
-    std::vector<size_t> fins;  // one past the last object of each line
+    std::vector<uint32_t> fins;  // one past the last object of each line
     std::vector<ETraduzivel*> ordenados;
 };
 
@@ -84,12 +97,10 @@ void Limpar(structExpressao& linha) {
 }  // namespace
 
 void ITabelaExpressoes::AgruparExpressoes(const std::vector<ETraduzivel*>& objetos) {
-    std::vector<uint32_t> linhaDoObjeto;
-    const size_t quantidade = NumerarTextos(objetos, linhaDoObjeto);
+    const ObjetosPorLinha grupos(objetos);
     expressoes = std::make_unique<ListaExpressoes>();
-    expressoes->reserve(quantidade);
-    const ObjetosPorLinha grupos(objetos, linhaDoObjeto, quantidade);
-    for (size_t i = 0; i < quantidade; ++i) {
+    expressoes->reserve(grupos.Quantidade());
+    for (size_t i = 0; i < grupos.Quantidade(); ++i) {
         const auto grupo = grupos.Da(i);
         structExpressao& linha = *expressoes->emplace_back(std::make_unique<structExpressao>());
         linha.original = *grupo.front()->GetTexto();

@@ -2,21 +2,10 @@
 #include "translator/engine/CamposXdata.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "translator/cad/TQStringList.h"
-#include "translator/engine/ETraduzivel.h"
 
 namespace traducaoTQ {
-
-std::vector<OdResBufPtr> EntradasFio(const OdResBufPtr& cadeia) {
-    std::vector<OdResBufPtr> entradas;
-    int posicao = 0;
-    for (OdResBufPtr entrada = cadeia; !entrada.isNull(); entrada = entrada->next()) {
-        if (posicao++ >= 3) entradas.push_back(entrada);
-    }
-    return entradas;
-}
 
 std::vector<OdResBufPtr> EntradasVirtuais(const OdResBufPtr& cadeia) {
     std::vector<OdResBufPtr> entradas;
@@ -27,20 +16,23 @@ std::vector<OdResBufPtr> EntradasVirtuais(const OdResBufPtr& cadeia) {
     return entradas;
 }
 
-CamposFio LerCamposFio(const TQString& entrada) {
-    std::u16string_view resto = entrada;
-    const auto campo = [&resto] {
-        resto.remove_prefix(std::min(resto.find_first_not_of(SEPARADOR_CAMPOS), resto.size()));
-        const std::u16string_view tomado = resto.substr(0, resto.find(SEPARADOR_CAMPOS));
-        resto.remove_prefix(tomado.size());
-        return std::u16string(tomado);
+CamposFio LerCamposFio(std::u16string_view entrada) {
+    const auto campo = [&entrada] {
+        entrada.remove_prefix(
+            std::min(entrada.find_first_not_of(SEPARADOR_CAMPOS), entrada.size()));
+        const std::u16string_view tomado = entrada.substr(0, entrada.find(SEPARADOR_CAMPOS));
+        entrada.remove_prefix(tomado.size());
+        return tomado;
     };
-    TQString fio = campo();
-    return {std::move(fio), campo()};
+    const std::u16string_view fio = campo();
+    return {fio, campo()};
 }
 
 TQString JuntarCamposFio(const CamposFio& campos) {
-    return campos.fio + SEPARADOR_CAMPOS + campos.texto;
+    TQString entrada;
+    entrada.reserve(campos.fio.size() + campos.texto.size() + 1);
+    entrada.append(campos.fio).append(SEPARADOR_CAMPOS).append(campos.texto);
+    return entrada;
 }
 
 std::optional<CamposVirtuais> LerCamposVirtuais(TQString entrada) {

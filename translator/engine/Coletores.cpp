@@ -145,11 +145,13 @@ ListaTraduziveis ITradCad::BuscarFios(const TQString& camada) {
 }
 
 void ColherFios(ListaTraduziveis& lista, const OdDbPolyline& polilinha) {
-    for (const OdResBufPtr& entrada : EntradasFio(polilinha.xData(VRN_TQ_WIRE))) {
-        CamposFio campos = LerCamposFio(Aparado(entrada->getString()));
-        Acrescentar<EFioXdataTrad>(lista, std::move(campos.texto), std::move(campos.fio),
+    PercorrerFio(polilinha, [&](const OdDbXDataIterator& entrada) {
+        const TQString lida = Aparado(entrada.getString());
+        const CamposFio campos = LerCamposFio(lida);
+        Acrescentar<EFioXdataTrad>(lista, std::u16string(campos.texto), std::u16string(campos.fio),
                                    ChaveDe(polilinha));
-    }
+        return true;
+    });
 }
 
 ListaTraduziveis ITradCad::BuscarAtributosVirtuais() {

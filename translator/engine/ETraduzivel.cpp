@@ -24,18 +24,22 @@ std::string_view NomeTipo(uint32_t tipo) {
 
 ETraduzivel::ETraduzivel(uint32_t tipo, TQString novoTexto, TQString novaChave)
     : tipo(tipo), chave(std::move(novaChave)) {
-    if (!novoTexto.empty() && novoTexto != u" ") {
-        texto = std::move(novoTexto);
-    }
+    temTexto = !novoTexto.empty() && novoTexto != u" ";
+    if (temTexto) texto = std::move(novoTexto);
 }
 
 ETraduzivel::~ETraduzivel() = default;
 
-const TQString* ETraduzivel::GetTexto() const { return texto ? &*texto : nullptr; }
+const TQString* ETraduzivel::GetTexto() const { return temTexto ? &texto : nullptr; }
 
 void ETraduzivel::SetTexto(TQString) {}
 
 uint32_t ETraduzivel::GetTipo() const { return tipo; }
+
+void ETraduzivel::SoltarTexto() {
+    TQString().swap(texto);
+    temTexto = false;
+}
 
 EAtributoTrad::EAtributoTrad(TQString texto, TQString chave)
     : ETraduzivel(TipoAtributo, std::move(texto), std::move(chave)) {}

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 
 #include "platform/drawing/DbObjectId.h"
@@ -44,6 +43,10 @@ class ETraduzivel {
     virtual void SetTexto(TQString novo);
     virtual uint32_t GetTipo() const;
 
+    // Gives the memory of the text back, where somebody else holds it: GetTexto gives null from
+    // then on. Not for the texts of blocks, which are found by it.
+    void SoltarTexto();
+
     // The key of the place: the object's handle in hexadecimal; of a virtual attribute the handle,
     // "_" and the attribute's name.
     const TQString& GetChave() const { return chave; }
@@ -52,7 +55,8 @@ class ETraduzivel {
     ETraduzivel(uint32_t tipo, TQString texto, TQString chave);
 
     uint32_t tipo;
-    std::optional<TQString> texto;
+    bool temTexto = false;  // while it has none GetTexto gives null
+    TQString texto;
     TQString chave;
 };
 

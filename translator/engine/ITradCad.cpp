@@ -60,9 +60,11 @@ bool TemTexto(const ETraduzivel* traduzivel) {
 }
 
 void DescartarSemTexto(ListaTraduziveis& lista) {
-    const auto semTexto = std::stable_partition(lista->begin(), lista->end(), TemTexto);
-    std::for_each(semTexto, lista->end(), std::default_delete<ETraduzivel>());
-    lista->erase(semTexto, lista->end());
+    std::erase_if(*lista, [](const ETraduzivel* traduzivel) {
+        if (TemTexto(traduzivel)) return false;
+        delete traduzivel;
+        return true;
+    });
 }
 
 }  // namespace

@@ -41,8 +41,8 @@ void EBlocoTextoTrad::SetTexto(TQString novo) {
     // The text was trimmed by the scan and is compared as it stands: a text with outer blanks in
     // the drawing is not found and stays. This is meant.
     const OdDbBlockTableRecordPtr bloco = SafeOpen(blocoId, OdDb::kForWrite);
-    if (texto) {
-        const OdString procurado = *texto;
+    if (temTexto) {
+        const OdString procurado = texto;
         PercorrerTextos(bloco, OdDb::kForWrite, [&](const OdDbTextPtr& candidato) {
             if (!(candidato->textString() == procurado)) return true;
             candidato->setTextString(novo);
@@ -50,23 +50,22 @@ void EBlocoTextoTrad::SetTexto(TQString novo) {
         });
     }
     texto = std::move(novo);
+    temTexto = true;
 }
 
 void EFioXdataTrad::SetTexto(TQString novo) {
-    // Opened for read first, so that a wire whose text is right already stays untouched.
-    OdDbPolylinePtr polilinha = OdDbPolyline::cast(SafeOpen(IdDaChave(chave)));
+    const OdDbPolylinePtr polilinha = OdDbPolyline::cast(SafeOpen(IdDaChave(chave)));
     if (polilinha.isNull()) return;
-    const OdResBufPtr cadeia = polilinha->xData(VRN_TQ_WIRE);
-    for (const OdResBufPtr& entrada : EntradasFio(cadeia)) {
-        CamposFio campos = LerCamposFio(entrada->getString());
-        if (campos.fio != fio) continue;
-        if (campos.texto == novo) return;
-        campos.texto = novo;
-        entrada->setString(JuntarCamposFio(campos));
+    PercorrerFio(*polilinha, [&](OdDbXDataIterator& entrada) {
+        const OdString lida = entrada.getString();
+        const CamposFio campos = LerCamposFio(lida.text());
+        if (campos.fio != fio) return true;
+        if (campos.texto == novo) return false;
+        // Not before, so that a wire whose text is right already stays untouched.
         polilinha->upgradeOpen();
-        polilinha->setXData(cadeia);
-        return;
-    }
+        entrada.setString(JuntarCamposFio({fio, novo}));
+        return false;
+    });
 }
 
 void EAtributoVirtualTrad::SetTexto(TQString novo) {

@@ -2,11 +2,10 @@
 #include "translator/engine/TrocaIdioma.h"
 
 #include "platform/drawing/EObjString.h"
-#include "platform/kernel/KVServices.h"
-#include "platform/kernel/MxSystemServices.h"
 #include "translator/cad/CICad.h"
 #include "translator/cad/DrawingHelpers.h"
 #include "translator/engine/ITradCad.h"
+#include "translator/engine/IdiomaDoProjeto.h"
 #include "translator/engine/RegistrosTraducao.h"
 
 namespace traducaoTQ {
@@ -22,11 +21,6 @@ OdDbDictionaryPtr TodosOsRegistros() {
     return GetOrCreateDictionary(VRN_TQ_OBJS_TRADS, raiz);
 }
 
-void MudarIdiomaDoProjeto(const TQString& idioma) {
-    auto projeto = GetElectricalServices()->GetProjectManager()->GetProject(ACTIVE_DOCUMENT());
-    if (projeto) projeto->GetSettings()->GetLanguageSetting()->SetLanguage(idioma.ToInt());
-}
-
 }  // namespace
 
 void ChangeProjectLanguage(TQString idiomaOriginal, TQString idiomaDestino, bool camadasDePagina) {
@@ -36,7 +30,7 @@ void ChangeProjectLanguage(TQString idiomaOriginal, TQString idiomaDestino, bool
         TrocaDeTextos troca(idiomaOriginal, idiomaDestino);
         for (ETraduzivel* objeto : *lista) troca.Trocar(*objeto);
     }
-    MudarIdiomaDoProjeto(idiomaDestino);
+    if (HaProjeto()) DefinirIdiomaDoProjeto(idiomaDestino.ToInt());
     tq::CICad().Regen();
 }
 

@@ -4,6 +4,7 @@
 // position. Both are meant, and the same as long as the keys are 1 to n.
 #include <QStringList>
 
+#include "platform/kernel/KVSqlText.h"
 #include "translator/langdb/Banco.h"
 #include "translator/langdb/IBDIdiomas.h"
 
@@ -15,9 +16,26 @@ using structIdioma = IBDIdiomas::structIdioma;
 
 bool EstaEmUso(const structIdioma& idioma) { return idioma.use == u"1"; }
 
+// Binds the next texts of a term. Where there are too few the statement fails, and without
+// languages (which could not be read) it does too, with whatever is bound: then all are, since the
+// log of the failure tells what was bound.
+void LigarTextos(QSqlQuery& consulta, const std::vector<TQString>& textos, size_t quantos) {
+    if (quantos == 0) quantos = textos.size();
+    for (size_t i = 0; i < quantos && i < textos.size(); ++i) {
+        consulta.addBindValue(QString(textos[i]));
+    }
+}
+
 }  // namespace
 
 std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
+    std::vector<structIdioma> emUso = GetAllLang();
+    std::erase_if(emUso, [](const structIdioma& idioma) { return !EstaEmUso(idioma); });
+    return GetTerms(std::move(emUso));
+}
+
+std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
+    std::vector<structIdioma> idiomas) {
     class CQueryGetTerms : public ConsultaLeitura {
       public:
         std::vector<structIdioma> idiomas;
@@ -27,9 +45,7 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
         QSqlQuery Prepare(QSqlDatabase banco) const override {
             QStringList colunas;
             for (const structIdioma& idioma : idiomas) {
-                if (EstaEmUso(idioma)) {
-                    colunas << QStringLiteral("LANGUAGE%1").arg(QString(idioma.key));
-                }
+                colunas << QStringLiteral("LANGUAGE%1").arg(QString(idioma.key));
             }
             QSqlQuery consulta(banco);
             consulta.prepare(
@@ -37,29 +53,48 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
                     .arg(colunas.join(",")));
             return consulta;
         }
+
+        // The rows become terms as they come: both beside each other would be twice the memory.
+        CKVQueryResponse Execute(QSqlDatabase banco) const override {
+            termos.clear();
+            QSqlQuery consulta = Prepare(banco);
+            if (consulta.lastError().isValid()) {
+                return CKVQueryResponse::Failure(consulta.lastError());
+            }
+            consulta.setForwardOnly(true);
+            if (!consulta.exec()) return CKVQueryResponse::Failure(consulta.lastError());
+            const bool codificado = sqltext::NeedsEncoding(banco);
+            while (consulta.next()) termos.push_back(TermoDe(consulta, codificado));
+            if (consulta.lastError().isValid()) {
+                return CKVQueryResponse::Failure(consulta.lastError());
+            }
+            return CKVQueryResponse(CKVQueryResponse::Rows());
+        }
+        mutable std::vector<structTermo> termos;
+
+      private:
+        structTermo TermoDe(const QSqlQuery& linha, bool codificado) const {
+            structTermo termo;
+            termo.key = linha.value(0).toInt();
+            termo.translations.reserve(idiomas.size());
+            for (size_t i = 1; i <= idiomas.size(); ++i) {
+                const QString texto = linha.value(static_cast<int>(i)).toString();
+                termo.translations.emplace_back(codificado ? sqltext::Decoded(texto) : texto);
+            }
+            return termo;
+        }
     };
 
     auto consulta = std::make_shared<CQueryGetTerms>();
-    consulta->idiomas = GetAllLang();
-    CKVQueryResponse resposta = BancoDeDados()->ExecuteSync(consulta);
-    auto& linhas = resposta.getResult();
-    if (resposta.failed() || linhas.empty()) return nullptr;
+    consulta->idiomas = std::move(idiomas);
+    const CKVQueryResponse resposta = BancoDeDados()->ExecuteSync(consulta);
+    if (resposta.failed() || consulta->termos.empty()) return nullptr;
 
     auto traducoes = std::make_unique<structTraducoes>();
     for (const structIdioma& idioma : consulta->idiomas) {
-        if (EstaEmUso(idioma)) traducoes->languages.push_back(idioma.descr);
+        traducoes->languages.push_back(idioma.descr);
     }
-    traducoes->terms.reserve(linhas.size());
-    // Row by row: the terms take the memory that the rows give up.
-    for (; !linhas.empty(); linhas.pop_front()) {
-        const auto& linha = linhas.front();
-        structTermo& termo = traducoes->terms.emplace_back();
-        termo.key = linha[0].toInt();
-        termo.translations.reserve(linha.size() - 1);
-        for (size_t i = 1; i < linha.size(); ++i) {
-            termo.translations.emplace_back(linha[i].toString());
-        }
-    }
+    traducoes->terms = std::move(consulta->termos);
     return traducoes;
 }
 
@@ -72,17 +107,16 @@ void IBDIdiomas::UpdateTerm(structTermo& termo) {
 
         QSqlQuery Prepare(QSqlDatabase banco) const override {
             QString texto = "update BDTRANSLATOR SET ";
-            std::vector<QString> valores;
+            size_t usados = 0;
             for (const structIdioma& idioma : idiomas) {
                 if (!idioma.use.EqualsNoCase(u"1")) continue;
-                if (!valores.empty()) texto += " , ";
+                if (usados++ > 0) texto += " , ";
                 texto += " LANGUAGE" + QString(idioma.key) + " = ? ";
-                valores.push_back(traducoes.at(valores.size()));
             }
             texto += " where TRANS_KEY = ?";
             QSqlQuery consulta(banco);
             consulta.prepare(texto);
-            for (const QString& valor : valores) consulta.addBindValue(valor);
+            LigarTextos(consulta, traducoes, usados);
             consulta.addBindValue(chave);
             return consulta;
         }
@@ -113,10 +147,14 @@ void IBDIdiomas::InsertTerm(structTermo& termo) {
             consulta.prepare(QStringLiteral("INSERT INTO BDTRANSLATOR ( %1 ) VALUES ( %2 )")
                                  .arg(colunas.join(","))
                                  .arg(marcas.join(",")));
-            size_t proxima = 0;
+            if (idiomas.empty()) LigarTextos(consulta, traducoes, 0);
+            size_t proximo = 0;
             for (const structIdioma& idioma : idiomas) {
-                const bool usada = idioma.use.EqualsNoCase(u"1");
-                consulta.addBindValue(usada ? QString(traducoes.at(proxima++)) : QString(""));
+                const bool usado = idioma.use.EqualsNoCase(u"1");
+                if (!usado) consulta.addBindValue(QString(""));
+                if (usado && proximo < traducoes.size()) {
+                    consulta.addBindValue(QString(traducoes[proximo++]));
+                }
             }
             return consulta;
         }

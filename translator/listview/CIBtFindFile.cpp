@@ -1,5 +1,6 @@
 // The button of a file cell: asks for a drawing and writes its name into the field.
 #include "platform/kernel/MxLispEngine.h"
+#include "platform/win32/Paths.h"
 #include "platform/window/AfxWin.h"
 #include "translator/cad/ui/TQFileDialog.h"
 #include "translator/listview/BotaoDaCelula.h"
@@ -30,7 +31,7 @@ void CIBtFindFile::OnClick() {
     int status;
     {
         const Ocupado asking(perguntando, m_hWnd);
-        status = TQFileDialog(path, true, u"Drawings|*.dwg||", pasta, u"");
+        status = TQFileDialog(path, true, u"Drawings|*.dwg||", NativePath(pasta).c_str(), u"");
     }
     if (!IsWindow(field)) return;  // the dialog around has gone meanwhile, and this button with it
     if (status == kLispNormal) {

@@ -2,6 +2,7 @@
 #include "translator/listview/CIListViewEdit.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace ListView {
 namespace {
@@ -14,7 +15,38 @@ TQString PastaDoValor(const TQString& value) {
     return slash == TQString::npos ? TQString() : TQString(value.substr(0, slash));
 }
 
-TQStringList UmValor(const TQString& value) { return TQStringList(std::vector<TQString>{value}); }
+TQStringList UmValor(const TQString& value) {
+    TQStringList values;
+    values.push_back(value);
+    return values;
+}
+
+// Null for an index out of range.
+const TQString* ValorEm(const CIListViewPropriedadeItem& cell, int32_t index) {
+    if (index < 0 || index >= static_cast<int32_t>(cell.valores.size())) return nullptr;
+    return &*std::next(cell.valores.begin(), index);
+}
+
+void Preencher(CIListViewPropriedadeItem& cell, const TQString& key, TQStringList values,
+               int32_t limit, int32_t kind, int32_t format, bool editable, int32_t index) {
+    cell.chave = key;
+    cell.valores = std::move(values);
+    cell.indice = index;
+    cell.tipo = kind;
+    cell.formato = format;
+    cell.limite = limit;
+    cell.editavel = editable && !cell.valores.empty();
+}
+
+void Escolher(CIListViewPropriedadeItem& cell, int32_t index) {
+    cell.indiceAnterior = cell.indice;
+    cell.indice = index;
+}
+
+const TQString& Primeiro(const TQStringList& values) {
+    static const TQString none;
+    return values.empty() ? none : values.front();
+}
 
 }  // namespace
 
@@ -33,60 +65,67 @@ int CIListViewEdit::AddColumn(const TQString& title, int32_t width, bool dark) {
 
 int CIListViewEdit::GetColumnCount() const { return titulos ? titulos->GetSize() : 0; }
 
-CIListViewPropriedadeItem* CIListViewEdit::AddItem(const TQString& key, const TQString& description,
+CIListViewPropriedadeItem* CIListViewEdit::AddItem(const TQString& key, const TQString&,
                                                    const TQString& value, int32_t limit,
                                                    int32_t kind, int32_t format, bool editable,
                                                    int32_t index) {
-    return AddItem(key, description, UmValor(value), limit, kind, format, editable, index);
+    return AcrescentarItem(key, UmValor(value), limit, kind, format, editable, index);
 }
 
 CIListViewPropriedadeItem* CIListViewEdit::AddItem(const TQString& key, const TQString&,
                                                    const TQStringList& values, int32_t limit,
                                                    int32_t kind, int32_t format, bool editable,
                                                    int32_t index) {
-    const int row = InsertItem(GetItemCount(), values.Front());
+    return AcrescentarItem(key, values, limit, kind, format, editable, index);
+}
+
+CELstPropriedadeSubItem& CIListViewEdit::NovaLinha() {
+    if (livres.empty())
+        return *linhas.emplace_back(std::make_unique<CELstPropriedadeSubItem>(GetColumnCount()));
+    linhas.push_back(std::move(livres.back()));
+    livres.pop_back();
+    linhas.back()->Reiniciar(GetColumnCount());
+    return *linhas.back();
+}
+
+CIListViewPropriedadeItem* CIListViewEdit::AcrescentarItem(const TQString& key, TQStringList values,
+                                                           int32_t limit, int32_t kind,
+                                                           int32_t format, bool editable,
+                                                           int32_t index) {
+    const int row = InsertItem(GetItemCount(), Primeiro(values));
     if (row < 0) return nullptr;
-    linhas.push_back(std::make_unique<CELstPropriedadeSubItem>(GetColumnCount()));
-    SetItemData(row, reinterpret_cast<LPARAM>(linhas.back().get()));
-    if (linhas.back()->IsEmpty()) return nullptr;
-    return Preencher(row, 0, key, values, limit, kind, format, editable, index);
+    CELstPropriedadeSubItem& cells = NovaLinha();
+    SetItemData(row, reinterpret_cast<LPARAM>(&cells));
+    if (cells.IsEmpty()) return nullptr;
+    CIListViewPropriedadeItem* cell = cells.GetAt(0);
+    Preencher(*cell, key, std::move(values), limit, kind, format, editable, index);
+    return cell;
 }
 
 CIListViewPropriedadeItem* CIListViewEdit::SetSubItem(int32_t row, int32_t col, const TQString& key,
-                                                      const TQString& description,
-                                                      const TQString& value, int32_t limit,
-                                                      int32_t kind, int32_t format, bool editable,
-                                                      int32_t index) {
-    return SetSubItem(row, col, key, description, UmValor(value), limit, kind, format, editable,
-                      index);
+                                                      const TQString&, const TQString& value,
+                                                      int32_t limit, int32_t kind, int32_t format,
+                                                      bool editable, int32_t index) {
+    return PorCelula(row, col, key, UmValor(value), limit, kind, format, editable, index);
 }
 
 CIListViewPropriedadeItem* CIListViewEdit::SetSubItem(int32_t row, int32_t col, const TQString& key,
                                                       const TQString&, const TQStringList& values,
                                                       int32_t limit, int32_t kind, int32_t format,
                                                       bool editable, int32_t index) {
-    CIListViewPropriedadeItem* cell =
-        Preencher(row, col, key, values, limit, kind, format, editable, index);
-    if (!cell) return nullptr;
-    const TQString value = values.Front();
-    SetItemText(row, col, value);
-    if (kind == ARQUIVO) pastaAtual = pastaBase + PastaDoValor(value);
-    return cell;
+    return PorCelula(row, col, key, values, limit, kind, format, editable, index);
 }
 
-CIListViewPropriedadeItem* CIListViewEdit::Preencher(int32_t row, int32_t col, const TQString& key,
-                                                     const TQStringList& values, int32_t limit,
+CIListViewPropriedadeItem* CIListViewEdit::PorCelula(int32_t row, int32_t col, const TQString& key,
+                                                     TQStringList values, int32_t limit,
                                                      int32_t kind, int32_t format, bool editable,
                                                      int32_t index) {
     CIListViewPropriedadeItem* cell = Celula(row, col);
     if (!cell) return nullptr;
-    cell->chave = key;
-    cell->valores = values;
-    cell->indice = index;
-    cell->tipo = kind;
-    cell->formato = format;
-    cell->limite = limit;
-    cell->editavel = editable && !values.empty();
+    Preencher(*cell, key, std::move(values), limit, kind, format, editable, index);
+    const TQString& value = Primeiro(cell->valores);
+    SetItemText(row, col, value);
+    if (kind == ARQUIVO) pastaAtual = pastaBase + PastaDoValor(value);
     return cell;
 }
 
@@ -96,13 +135,18 @@ CELstPropriedadeSubItem* CIListViewEdit::Linha(int32_t row) const {
 }
 
 CIListViewPropriedadeItem* CIListViewEdit::Celula(int32_t row, int32_t col) const {
-    const CELstPropriedadeSubItem* cells = Linha(row);
+    CELstPropriedadeSubItem* cells = Linha(row);
     return cells ? cells->GetAt(col) : nullptr;
 }
 
-CIListViewPropriedadeItem* CIListViewEdit::CelulaSeHouver(int32_t row, int32_t col) const {
+const CIListViewPropriedadeItem* CIListViewEdit::Ver(int32_t row, int32_t col) const {
     const CELstPropriedadeSubItem* cells = Linha(row);
-    return cells && col >= 0 && col < cells->GetSize() ? cells->GetAt(col) : nullptr;
+    return cells ? &cells->Ver(col) : nullptr;
+}
+
+const CIListViewPropriedadeItem* CIListViewEdit::VerSeHouver(int32_t row, int32_t col) const {
+    const CELstPropriedadeSubItem* cells = Linha(row);
+    return cells && col >= 0 && col < cells->GetSize() ? &cells->Ver(col) : nullptr;
 }
 
 int32_t CIListViewEdit::SetEditavel(int32_t row, int32_t col, bool editable) {
@@ -115,47 +159,53 @@ int32_t CIListViewEdit::SetEditavel(int32_t row, int32_t col, bool editable) {
 int32_t CIListViewEdit::SetValor(int32_t row, int32_t col, const TQString& value) {
     CIListViewPropriedadeItem* cell = Celula(row, col);
     if (!cell) return 0;
-    cell->valores = UmValor(value);
-    SetIndice(row, col, 0);
+    cell->valores.assign(1, value);
+    Escolher(*cell, 0);
+    MostrarValor(row, col, *cell);
     return 1;
 }
 
 int32_t CIListViewEdit::SetIndice(int32_t row, int32_t col, int32_t index) {
     CIListViewPropriedadeItem* cell = Celula(row, col);
     if (!cell) return -1;
-    cell->indiceAnterior = cell->indice;
-    cell->indice = index;
-    SetItemText(row, col, GetValor(row, col, index));
+    Escolher(*cell, index);
+    MostrarValor(row, col, *cell);
     return 0;
 }
 
+void CIListViewEdit::MostrarValor(int32_t row, int32_t col, const CIListViewPropriedadeItem& cell) {
+    const TQString* value = ValorEm(cell, cell.indice);
+    SetItemText(row, col, value ? value->c_str() : u"");
+}
+
 TQString CIListViewEdit::GetValor(int32_t row, int32_t col, int32_t index) const {
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
-    return cell && index >= 0 ? cell->valores.at(index) : TQString();
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
+    const TQString* value = cell ? ValorEm(*cell, index) : nullptr;
+    return value ? *value : TQString();
 }
 
 TQString CIListViewEdit::GetChave(int32_t row, int32_t col) const {
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
     return cell ? cell->chave : TQString();
 }
 
 int32_t CIListViewEdit::GetIndice(int32_t row, int32_t col) const {
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
     return cell ? cell->indice : -1;
 }
 
 int32_t CIListViewEdit::GetTipo(int32_t row, int32_t col) const {
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
     return cell ? cell->tipo : -1;
 }
 
 int32_t CIListViewEdit::GetLimite(int32_t row, int32_t col) const {
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
     return cell ? cell->limite : -1;
 }
 
 int32_t CIListViewEdit::GetFormato(int32_t row, int32_t col) const {
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
     return cell ? cell->formato : -1;
 }
 
@@ -187,7 +237,11 @@ BOOL CIListViewEdit::DeleteItem(int row) {
 
 BOOL CIListViewEdit::DeleteAllItems() {
     const BOOL deleted = CListCtrl::DeleteAllItems();
-    if (deleted) linhas.clear();
+    if (deleted) {
+        livres.insert(livres.end(), std::make_move_iterator(linhas.rbegin()),
+                      std::make_move_iterator(linhas.rend()));
+        linhas.clear();
+    }
     linhasSelecionadas.clear();
     return deleted;
 }
@@ -196,6 +250,7 @@ BOOL CIListViewEdit::DeleteAllItems() {
 // counted.
 void CIListViewEdit::OnNcDestroy() {
     linhas.clear();
+    livres.clear();
     linhasSelecionadas.clear();
     fonteLista.reset();
     editando = 0;

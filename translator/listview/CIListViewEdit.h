@@ -136,12 +136,19 @@ class CIListViewEdit : public CListCtrl {
 
   private:
     CELstPropriedadeSubItem* Linha(int32_t row) const;
-    CIListViewPropriedadeItem* Preencher(int32_t row, int32_t col, const TQString& key,
-                                         const TQStringList& values, int32_t limit, int32_t kind,
+    CELstPropriedadeSubItem& NovaLinha();
+    CIListViewPropriedadeItem* AcrescentarItem(const TQString& key, TQStringList values,
+                                               int32_t limit, int32_t kind, int32_t format,
+                                               bool editable, int32_t index);
+    CIListViewPropriedadeItem* PorCelula(int32_t row, int32_t col, const TQString& key,
+                                         TQStringList values, int32_t limit, int32_t kind,
                                          int32_t format, bool editable, int32_t index);
+    void MostrarValor(int32_t row, int32_t col, const CIListViewPropriedadeItem& cell);
 
+    // To read; null for a row without data.
+    const CIListViewPropriedadeItem* Ver(int32_t row, int32_t col) const;
     // Null also for a column that a row does not have since it was added before the column.
-    CIListViewPropriedadeItem* CelulaSeHouver(int32_t row, int32_t col) const;
+    const CIListViewPropriedadeItem* VerSeHouver(int32_t row, int32_t col) const;
 
     void FocarVizinho(bool forwards);
     void EditarPeloTeclado();
@@ -164,6 +171,8 @@ class CIListViewEdit : public CListCtrl {
 
     Posicao celulaSobMouse;                                        // during a drawing
     std::vector<std::unique_ptr<CELstPropriedadeSubItem>> linhas;  // owner of all item data
+    // Of rows that are gone, for those to come: filters fill a list again and again.
+    std::vector<std::unique_ptr<CELstPropriedadeSubItem>> livres;
 };
 
 }  // namespace ListView

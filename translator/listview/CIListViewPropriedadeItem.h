@@ -1,8 +1,9 @@
 // The record of one cell of an editable list, and the data of a row.
 #pragma once
 
+#include <array>
 #include <cstdint>
-#include <memory>
+#include <forward_list>
 
 #include "platform/text/CArray.h"
 #include "translator/cad/TQStringList.h"
@@ -41,16 +42,31 @@ struct CIListViewPropriedadeItem {
     bool negrito = false;
 };
 
-// The cells of a row in column order. The array points at records that the row itself owns.
+// The cells of a row, one for each column that the list had ever had when the row was made. A
+// column that is never used again costs nothing: a record is made at its first use.
 class CELstPropriedadeSubItem : public CArray<CIListViewPropriedadeItem*> {
   public:
-    explicit CELstPropriedadeSubItem(int columns)
-        : celulas(std::make_unique<CIListViewPropriedadeItem[]>(columns)) {
-        for (int column = 0; column < columns; ++column) Add(&celulas[column]);
-    }
+    explicit CELstPropriedadeSubItem(int columns) : colunas(columns) {}
+    void Reiniciar(int columns);  // for another row, with the memory of this one
+
+    int GetSize() const { return colunas; }
+    bool IsEmpty() const { return colunas == 0; }
+    // Never null; a column out of range throws CInvalidArgException.
+    CIListViewPropriedadeItem* GetAt(int column);
+    const CIListViewPropriedadeItem& Ver(int column) const;  // as it is, or as it would be made
 
   private:
-    std::unique_ptr<CIListViewPropriedadeItem[]> celulas;
+    using Feitas = CArray<CIListViewPropriedadeItem*>;  // up to the last one made
+    void Conferir(int column) const;
+    void Fazer(int column);
+
+    static constexpr int kBloco = 3;
+    using Bloco = std::array<CIListViewPropriedadeItem, kBloco>;
+
+    int colunas;
+    Bloco primeiro;  // mostly the only one
+    bool primeiroFeito = false;
+    std::forward_list<Bloco> outros;
 };
 
 }  // namespace ListView

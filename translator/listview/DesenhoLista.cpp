@@ -65,7 +65,7 @@ LRESULT CIListViewEdit::DesenharLinha(const NMLVCUSTOMDRAW& draw, int32_t row) {
 }
 
 LRESULT CIListViewEdit::DesenharCelula(NMLVCUSTOMDRAW& draw, int32_t row, int32_t col) {
-    const CIListViewPropriedadeItem* found = CelulaSeHouver(row, col);
+    const CIListViewPropriedadeItem* found = VerSeHouver(row, col);
     if (!found) return CDRF_DODEFAULT;
     const CIListViewPropriedadeItem& cell = *found;
     draw.clrText = GetSysColor(COLOR_WINDOWTEXT);
@@ -117,7 +117,7 @@ void CIListViewEdit::PrepararFontes() {
 // The underline follows the mouse; the row below an open editor stays undisturbed.
 void CIListViewEdit::OnHotTrack(NMHDR*, LRESULT* result) {
     const Posicao mouse = CelulaSobMouse();
-    const CIListViewPropriedadeItem* cell = CelulaSeHouver(mouse.row, mouse.col);
+    const CIListViewPropriedadeItem* cell = VerSeHouver(mouse.row, mouse.col);
     if (cell && cell->editavel && !bloqueado) SetCursor(LoadCursor(nullptr, IDC_HAND));
     const int last = GetItemCount() - 1;
     if (editando) {

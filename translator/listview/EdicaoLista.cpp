@@ -60,7 +60,7 @@ bool CIListViewEdit::BeginEdit(int32_t row, int32_t col) {
         FocarVizinho(row >= 0);
         return false;
     }
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
     if (!cell || !cell->editavel) return false;
     ultimaLinha = row;
     AvisarPai(WM_LIST_PROPRIEDADE_BEGINEDIT);
@@ -87,7 +87,7 @@ void CIListViewEdit::FocarVizinho(bool forwards) {
 
 // A cell of another kind is left with editando set and no editor, as is a list without options.
 void CIListViewEdit::AbrirEditor(int32_t row, int32_t col) {
-    const CIListViewPropriedadeItem* cell = Celula(row, col);
+    const CIListViewPropriedadeItem* cell = Ver(row, col);
     if (!cell) return;  // the parent has taken the row away when it was told of the edit
     CRect rect;
     GetSubItemRect(row, col, LVIR_LABEL, rect);
@@ -134,7 +134,7 @@ void CIListViewEdit::EditarPeloTeclado() {
     const int32_t columns = GetHeaderCtrl()->GetItemCount();
     for (int32_t step = 0; step < columns; ++step) {
         const int32_t col = (first + step) % columns;
-        const CIListViewPropriedadeItem* cell = CelulaSeHouver(row, col);
+        const CIListViewPropriedadeItem* cell = VerSeHouver(row, col);
         if (cell && cell->editavel) {
             BeginEdit(row, col);
             return;
@@ -162,7 +162,7 @@ bool CIListViewEdit::IniciarNoPonto(CPoint point) {
     SetFocus();
     const Posicao cell = HitTest(point);
     if (cell.row < 0 || cell.col < 0) return true;
-    return CelulaSeHouver(cell.row, cell.col) && BeginEdit(cell.row, cell.col);
+    return VerSeHouver(cell.row, cell.col) && BeginEdit(cell.row, cell.col);
 }
 
 void CIListViewEdit::GuardarSelecao() {

@@ -4,9 +4,9 @@
 #include "translator/cad/ui/ParentWindow.h"
 #include "translator/dialogs/ui/ITradutorProj.h"
 #include "translator/engine/ITradCad.h"
+#include "translator/engine/IdiomaDoProjeto.h"
 #include "translator/module/EscopoDeRecursos.h"
 #include "translator/module/FluxoAssistente.h"
-#include "translator/module/IdiomaDoProjeto.h"
 
 namespace {
 
@@ -27,7 +27,7 @@ void LerProjeto(ITradutorProj& janela) {
     auto achados = Buscar(janela);
     if (achados->empty()) return;
     janela.idiomas = traducaoTQ::IBDIdiomas().GetAllLang();
-    janela.idiomaProjeto = IdiomaDoProjeto();
+    janela.idiomaProjeto = traducaoTQ::IdiomaDoProjeto();
     janela.projetoLido = true;
     janela.AgruparExpressoes(*achados);
     janela.objetos = std::move(achados);

@@ -7,9 +7,9 @@
 #include "translator/dialogs/ui/IWTrocaIdioma.h"
 #include "translator/dialogs/ui/Mensagens.h"
 #include "translator/engine/GruposDePaginas.h"
+#include "translator/engine/IdiomaDoProjeto.h"
 #include "translator/engine/TrocaIdioma.h"
 #include "translator/module/EscopoDeRecursos.h"
-#include "translator/module/IdiomaDoProjeto.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ constexpr int32_t kIdiomaTrocado = 87;
 // The project's language is changed before anything else: a failure of the rest leaves it so.
 void TrocarIdioma(const IWTrocaIdioma& assistente, const TQString& idiomaAnterior) {
     const TQString destino = assistente.GetIdiomaDestino();
-    DefinirIdiomaDoProjeto(destino.ToInt());
+    traducaoTQ::DefinirIdiomaDoProjeto(destino.ToInt());
     traducaoTQ::ChangeProjectLanguage(idiomaAnterior, destino, assistente.GetTraduzirAtributos());
     if (assistente.GetRedefinirGrupos()) traducaoTQ::RedefinePageGroups(destino);
     Avisar(Mensagem(kIdiomaTrocado));
@@ -31,7 +31,7 @@ void TrocarIdioma(const IWTrocaIdioma& assistente, const TQString& idiomaAnterio
 }
 
 void Executar(const TQString& idiomaDestino) {
-    const TQString idiomaAnterior = IdiomaDoProjeto();
+    const TQString idiomaAnterior = traducaoTQ::IdiomaDoProjeto();
     AbrirRecursos();
     IWTrocaIdioma* const assistente = NovoAssistente();
     assistente->Iniciar(traducaoTQ::IBDIdiomas().GetAllLang(), idiomaAnterior, idiomaDestino);

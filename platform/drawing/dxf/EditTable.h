@@ -1,7 +1,8 @@
 // The edits of a drawing by record.
 #pragma once
 
-#include <deque>
+#include <array>
+#include <atomic>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,11 +12,35 @@
 
 namespace dxf {
 
+// A text that is made when it is first asked for, also when several threads read at the same time.
+class LateText {
+  public:
+    LateText() = default;
+    LateText(const LateText&) = delete;
+    LateText& operator=(const LateText&) = delete;
+    ~LateText() { Reset(); }
+
+    template <class Make>
+    const std::string& Get(const Make& make) const {
+        if (const std::string* known = text.load(std::memory_order_acquire)) return *known;
+        auto made = std::make_unique<const std::string>(make());
+        const std::string* first = nullptr;
+        return text.compare_exchange_strong(first, made.get()) ? *made.release() : *first;
+    }
+    void Reset() { delete text.exchange(nullptr); }
+
+  private:
+    mutable std::atomic<const std::string*> text = nullptr;  // owned
+};
+
 // What differs from the file in one record.
 struct Edit {
     Overlay overlay;
-    mutable std::unique_ptr<const std::string> patched;  // the record under a patch, once asked for
-    Overlay savedOverlay;                                // as of the last save
+    LateText patched;  // the record under a patch
+    // What the record was at the last save. Kept by the first change after that save, which notes
+    // how many saves there had been.
+    std::unique_ptr<const Overlay> savedOverlay;  // null: as in the file
+    uint32_t saves = 0;
     bool savedErased = false;
 };
 
@@ -25,7 +50,7 @@ class EditTable {
   public:
     Edit* Find(RecordIndex number) {
         const uint32_t place = number < places.size() ? places[number] : 0;
-        return place ? &edits[place - 1] : nullptr;
+        return place ? &At(place) : nullptr;
     }
     const Edit* Find(RecordIndex number) const {
         return const_cast<EditTable&>(*this).Find(number);
@@ -35,21 +60,27 @@ class EditTable {
     Edit& Of(RecordIndex number) {
         if (Edit* edit = Find(number)) return *edit;
         if (number >= places.size()) places.resize(number + 1);
-        edits.emplace_back();
-        places[number] = static_cast<uint32_t>(edits.size());
-        return edits.back();
+        if (count % kPiece == 0) pieces.push_back(std::make_unique<Piece>());
+        places[number] = ++count;
+        return At(count);
     }
 
     // Calls visit(number, edit) in the order of the records.
     template <class Visit>
     void ForEach(Visit visit) const {
         for (RecordIndex number = 0; number < places.size(); ++number)
-            if (places[number]) visit(number, edits[places[number] - 1]);
+            if (places[number]) visit(number, At(places[number]));
     }
 
   private:
-    std::vector<uint32_t> places;  // of the edit of each record, from 1 on
-    std::deque<Edit> edits;        // in pieces: growing moves none
+    static constexpr uint32_t kPiece = 512;
+    using Piece = std::array<Edit, kPiece>;
+
+    Edit& At(uint32_t place) const { return (*pieces[(place - 1) / kPiece])[(place - 1) % kPiece]; }
+
+    std::vector<uint32_t> places;                // of the edit of each record, from 1 on
+    std::vector<std::unique_ptr<Piece>> pieces;  // growing moves no edit
+    uint32_t count = 0;
 };
 
 }  // namespace dxf

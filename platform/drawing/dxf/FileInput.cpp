@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <future>
 
 #include "platform/drawing/dxf/Group.h"
 
@@ -26,12 +27,37 @@ struct Descriptor {
     }
 };
 
+// As many bytes as there are up to `size`.
+size_t ReadUpTo(int file, char* to, size_t size, size_t offset) {
+    size_t filled = 0;
+    while (filled < size) {
+        const ssize_t got = ::pread(file, to + filled, size - filled, off_t(offset + filled));
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) Fail("the file cannot be read", errno);
+        if (got == 0) break;
+        filled += size_t(got);
+    }
+    return filled;
+}
+
+// Two threads share the work of a large file: most of it is making fresh memory ready. What the
+// file is longer than expected is left to the caller; so is all of one that is shorter.
+size_t ReadHalves(int file, size_t expected, Buffer& buffer) {
+    const size_t half = expected / 2;
+    auto front =
+        std::async(std::launch::async, [&] { return ReadUpTo(file, buffer.Data(), half, 0); });
+    const size_t back = ReadUpTo(file, buffer.Data() + half, expected - half, half);
+    const bool whole = front.get() == half && back == expected - half;
+    return whole && ::lseek(file, off_t(expected), SEEK_SET) >= 0 ? expected : 0;
+}
+
 // expected: the size as far as it is known; one byte more is reserved so that the end is noticed
 // without another allocation.
 void ReadAll(int file, size_t expected, Buffer& buffer) {
     constexpr size_t kLeast = 64 * 1024;
     buffer.Reserve(std::max(expected + 1, kLeast));
-    size_t filled = 0;
+    constexpr size_t kLarge = size_t(8) << 20;
+    size_t filled = expected >= kLarge ? ReadHalves(file, expected, buffer) : 0;
     for (;;) {
         if (filled == buffer.Capacity()) buffer.Reserve(filled + filled / 2);
         const ssize_t got = ::read(file, buffer.Data() + filled, buffer.Capacity() - filled);

@@ -3,7 +3,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/uio.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -14,7 +13,6 @@
 #include <future>
 #include <memory>
 #include <optional>
-#include <span>
 #include <utility>
 
 #include "platform/drawing/dxf/Group.h"
@@ -61,70 +59,51 @@ class Removal {
     std::string path;
 };
 
-// Hands all vectors to the kernel, however little it takes at a time. 0 or an errno.
-int WriteAll(int file, std::vector<iovec>& vectors) {
-    constexpr size_t kVectorsPerCall = 1024;
-    size_t first = 0;
-    while (first < vectors.size()) {
-        const size_t count = std::min(kVectorsPerCall, vectors.size() - first);
-        const ssize_t written = ::writev(file, vectors.data() + first, int(count));
+// Hands all bytes to the kernel, however little it takes at a time. 0 or an errno.
+int WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(file, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
         if (written < 0) return errno;
-        size_t left = size_t(written);
-        while (first < vectors.size() && left >= vectors[first].iov_len)
-            left -= vectors[first++].iov_len;
-        if (left == 0) continue;
-        vectors[first].iov_base = static_cast<char*>(vectors[first].iov_base) + left;
-        vectors[first].iov_len -= left;
+        bytes.remove_prefix(size_t(written));
     }
     return 0;
 }
 
-std::vector<iovec> VectorsOf(std::span<const std::string_view> pieces) {
-    std::vector<iovec> vectors;
-    vectors.reserve(pieces.size());
-    for (const std::string_view piece : pieces)
-        if (!piece.empty()) vectors.push_back({const_cast<char*>(piece.data()), piece.size()});
-    return vectors;
-}
+// Drawings mostly change in small pieces: copying those into a buffer is cheaper than handing each
+// to the kernel. Large ones go as they are. Behind an error nothing more is written.
+class GatheringFile {
+  public:
+    explicit GatheringFile(int file) : file(file) { gathered.reserve(kGather); }
 
-// Small files mostly change in small pieces, and copying those into a buffer is cheaper than a
-// vector for each.
-int WriteGathered(int file, const std::vector<std::string_view>& pieces) {
-    constexpr size_t kGather = 256 * 1024;
-    std::string gathered;
-    gathered.reserve(kGather);
-    const auto flush = [&] {
-        const std::string_view whole = gathered;
-        std::vector<iovec> one = VectorsOf({&whole, 1});
-        const int error = WriteAll(file, one);
-        gathered.clear();
-        return error;
-    };
-    for (std::string_view piece : pieces) {
-        while (!piece.empty()) {
-            const size_t part = std::min(piece.size(), kGather - gathered.size());
-            gathered.append(piece.substr(0, part));
-            piece.remove_prefix(part);
-            if (gathered.size() < kGather) continue;
-            if (const int error = flush()) return error;
+    void Add(std::string_view piece) {
+        const bool large = piece.size() >= kLarge;
+        if (large || gathered.size() + piece.size() > kGather) Flush();
+        if (!large) {
+            gathered += piece;
+        } else if (error == 0) {
+            error = WriteAll(file, piece);
         }
     }
-    return flush();
-}
-
-int WritePieces(int file, const std::vector<std::string_view>& pieces) {
-    constexpr size_t kSmallFile = size_t(10) << 20;
-    size_t size = 0;
-    for (const std::string_view piece : pieces) size += piece.size();
-    if (size < kSmallFile) return WriteGathered(file, pieces);
-    constexpr size_t kPiecesAtOnce = 64 * 1024;
-    for (size_t from = 0; from < pieces.size(); from += kPiecesAtOnce) {
-        std::vector<iovec> vectors = VectorsOf(
-            std::span(pieces).subspan(from, std::min(kPiecesAtOnce, pieces.size() - from)));
-        if (const int error = WriteAll(file, vectors)) return error;
+    void Flush() {
+        if (error == 0) error = WriteAll(file, gathered);
+        gathered.clear();
     }
-    return 0;
+    int Error() const { return error; }
+
+  private:
+    static constexpr size_t kGather = 256 * 1024, kLarge = 64 * 1024;
+
+    int file;
+    std::string gathered;
+    int error = 0;  // 0 or an errno
+};
+
+int WriteContent(int file, const Content& content) {
+    GatheringFile gathering(file);
+    content([&](std::string_view piece) { gathering.Add(piece); });
+    gathering.Flush();
+    return gathering.Error();
 }
 
 // The file that a path means: what a link points at, else the path itself.
@@ -213,8 +192,8 @@ void SyncFolder(const std::string& target) {
 
 // The disk takes the file while it is verified.
 void WriteAndVerify(Descriptor& file, const Temporary& temporary, const std::string& target,
-                    const std::vector<std::string_view>& pieces, const VerifyTemporary& verify) {
-    if (const int error = WritePieces(file.Number(), pieces))
+                    const Content& content, const VerifyTemporary& verify) {
+    if (const int error = WriteContent(file.Number(), content))
         Fail(target, "the file cannot be written", error);
     auto synced =
         std::async(std::launch::async, [&file] { return ::fsync(file.Number()) == 0 ? 0 : errno; });
@@ -236,14 +215,13 @@ bool IdentifyFile(const std::string& path, FileIdentity& identity) {
     return true;
 }
 
-void ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces,
-                 const VerifyTemporary& verify) {
+void ReplaceFile(const std::string& path, const Content& content, const VerifyTemporary& verify) {
     const std::string target = Resolved(path);
     Temporary temporary = CreateTemporary(target);
     Descriptor file(temporary.file);
     Removal removal(temporary.named ? temporary.path : "");
     TakePermissions(file.Number(), target);
-    WriteAndVerify(file, temporary, target, pieces, verify);
+    WriteAndVerify(file, temporary, target, content, verify);
     if (!temporary.named) {
         GiveName(temporary, target);
         removal.Of(temporary.path);
@@ -254,18 +232,17 @@ void ReplaceFile(const std::string& path, const std::vector<std::string_view>& p
     SyncFolder(target);
 }
 
-void WriteToStandardOutput(const std::vector<std::string_view>& pieces,
-                           const VerifyTemporary& verify) {
+void WriteToStandardOutput(const Content& content, const VerifyTemporary& verify) {
     if (verify) {
         const Temporary temporary = CreateTemporary(
             (std::filesystem::temp_directory_path() / "standard-output.dxf").string());
         Descriptor file(temporary.file);
         const Removal removal(temporary.named ? temporary.path : "");
-        if (const int error = WritePieces(file.Number(), pieces))
+        if (const int error = WriteContent(file.Number(), content))
             Fail(temporary.path, "the drawing cannot be written", error);
         verify(temporary.path);
     }
-    if (const int error = WritePieces(STDOUT_FILENO, pieces))
+    if (const int error = WriteContent(STDOUT_FILENO, content))
         throw Error("standard output: the drawing cannot be written: " +
                     std::string(std::strerror(error)));
 }

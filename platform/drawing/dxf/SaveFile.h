@@ -5,7 +5,6 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace dxf {
 
@@ -21,16 +20,18 @@ bool IdentifyFile(const std::string& path, FileIdentity& identity);
 
 using VerifyTemporary = std::function<void(const std::string& temporaryPath)>;
 
-// Writes the pieces one behind the other to a temporary file in the target's folder, syncs it,
+// Hands the bytes of a file to a sink, piece by piece in their order.
+using Sink = std::function<void(std::string_view)>;
+using Content = std::function<void(const Sink&)>;
+
+// Writes the content to a temporary file in the target's folder, syncs it,
 // calls verify, renames it and syncs the folder. Where the file system allows it the temporary
 // file has no name until it is renamed, so that a program that is killed leaves none behind. The
 // permissions are those of the file that is replaced; a symbolic link stays and what it points at
 // is replaced. On any failure the target is as it was and the temporary file is gone; throws Error.
-void ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces,
-                 const VerifyTemporary& verify);
+void ReplaceFile(const std::string& path, const Content& content, const VerifyTemporary& verify);
 
 // The same to standard output; with verify, by way of a temporary file.
-void WriteToStandardOutput(const std::vector<std::string_view>& pieces,
-                           const VerifyTemporary& verify);
+void WriteToStandardOutput(const Content& content, const VerifyTemporary& verify);
 
 }  // namespace dxf

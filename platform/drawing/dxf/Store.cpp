@@ -84,9 +84,7 @@ std::string_view Store::Impl::BytesOf(RecordIndex number) const {
     if (!(record.flags & (kOverlaid | kInserted))) return FileBytes(number);
     const Edit& edit = *edits.Find(number);
     if (edit.overlay.IsWhole()) return edit.overlay.Inserted();
-    if (!edit.patched)
-        edit.patched = std::make_unique<const std::string>(Applied(number, edit.overlay));
-    return *edit.patched;
+    return edit.patched.Get([&] { return Applied(number, edit.overlay); });
 }
 
 GroupReader Store::Groups(RecordIndex index, uint32_t from) const {
@@ -127,6 +125,8 @@ RecordIndex Store::Previous(RecordIndex index) const {
 }
 
 RecordIndex Store::FindHandle(uint64_t handle) const { return impl->handles.Find(handle); }
+
+uint64_t Store::Changes() const { return impl->changes; }
 
 std::string_view Store::Original() const { return impl->file.View(); }
 

@@ -18,6 +18,7 @@
 #include "platform/drawing/dxf/Group.h"
 #include "platform/drawing/dxf/Overlay.h"
 #include "platform/drawing/dxf/Record.h"
+#include "platform/drawing/dxf/SaveFile.h"
 #include "platform/drawing/dxf/TextCodec.h"
 
 namespace dxf {
@@ -85,8 +86,15 @@ class Store {
     void SetErased(RecordIndex index, bool erased);  // an erased record is left out at save
     GroupWriter NewWriter(
         RecordIndex neighbour = kNoRecord) const;  // format and line end of the place
+    uint64_t Changes() const;                      // how many edits there have been
     bool Modified() const;                         // a save would differ from the file
     void MarkSaved();
+
+    // The file at a path as it was when this store read or saved it; nothing when it never did.
+    std::optional<FileIdentity> Met(const std::string& nativePath) const;
+    // For a copy of work that was never saved: it counts as modified until it is saved, and the
+    // file it belongs to as met the way it was then.
+    void StandFor(const std::string& nativePath, const std::optional<FileIdentity>& met);
 
     // Undo: between BeginRecording and EndRecording the first change of a record keeps its former
     // state. Handles that NewHandle gave are not taken back.

@@ -99,6 +99,16 @@ std::string Store::Impl::Applied(RecordIndex number, const Overlay& overlay) con
     return bytes.replace(overlay.At(), overlay.Removed(), overlay.Inserted());
 }
 
+// The edit of a record that is about to change.
+Edit& Store::Impl::EditToChange(RecordIndex number) {
+    Edit& edit = edits.Of(number);
+    if (edit.saves == saves) return edit;
+    edit.saves = saves;
+    edit.savedErased = index.records[number].flags & kErased;
+    edit.savedOverlay = edit.overlay ? std::make_unique<const Overlay>(edit.overlay) : nullptr;
+    return edit;
+}
+
 void Store::Impl::SetOverlay(RecordIndex number, Overlay overlay) {
     Record& record = index.records[number];
     const bool inserted = record.flags & kInserted;
@@ -106,46 +116,74 @@ void Store::Impl::SetOverlay(RecordIndex number, Overlay overlay) {
     if (!inserted && overlay && overlay.Inserted() == FileBytes(number)) overlay = Overlay();
     const Record description =
         Describe(overlay ? overlay.Inserted() : FileBytes(number), record.section);
+    Edit& edit = EditToChange(number);
     if (overlay && !inserted) record.flags |= kOverlaid;
     if (!overlay) record.flags &= ~kOverlaid;
-    Edit& edit = edits.Of(number);
-    edit.patched.reset();
+    edit.patched.Reset();
     edit.overlay = std::move(overlay);
     TakeDescription(number, description);
+    ++changes;
 }
 
 // Whether another value changes nothing of the index but places and lengths, and the record is as
-// in the file.
+// in the file or patched.
 bool Store::Impl::IsEasyToPatch(RecordIndex number, const Group& group) const {
     const Action action = ActionOfCode(group.code);
-    return !(index.records[number].flags & (kOverlaid | kInserted)) && group.IsString() &&
+    const uint8_t flags = index.records[number].flags;
+    const bool whole = (flags & kOverlaid) && edits.Find(number)->overlay.IsWhole();
+    return !(flags & kInserted) && !whole && group.IsString() &&
            (action == Action::None || action == Action::Text) &&
            MissingLineEnd(FileBytes(number), number).empty();
+}
+
+// One patch for what the record's patch changes and what stands at `at` of its present bytes.
+Overlay Store::Impl::Joined(RecordIndex number, const Overlay& patch, uint32_t at, uint32_t removed,
+                            std::string_view value) const {
+    const std::string_view present = BytesOf(number);
+    const auto inserted = uint32_t(patch.Inserted().size());
+    const uint32_t begin = std::min(patch.At(), at);
+    const uint32_t end = std::max(patch.At() + inserted, at + removed);
+    std::string joined(present.substr(begin, at - begin));
+    joined.append(value).append(present.substr(at + removed, end - at - removed));
+    return Overlay(begin, end - inserted + patch.Removed() - begin, joined);
 }
 
 void Store::Impl::Patch(RecordIndex number, const Group& group, std::string_view value) {
     RefuseLineEnds(group.code, value, index.format);
     Record& record = index.records[number];
-    const auto at = uint32_t(group.value.data() - FileBytes(number).data());
+    const auto at = uint32_t(group.value.data() - BytesOf(number).data());
     const auto removed = uint32_t(group.value.size());
     const uint32_t longer = uint32_t(value.size()) - removed;  // wraps where it gets shorter
-    edits.Of(number).overlay = Overlay(at, removed, value);
-    record.flags |= kOverlaid;
+    Edit& edit = EditToChange(number);
+    Overlay overlay = edit.overlay ? Joined(number, edit.overlay, at, removed, value)
+                                   : Overlay(at, removed, value);
+    const bool asInFile =
+        FileBytes(number).substr(overlay.At(), overlay.Removed()) == overlay.Inserted();
+    edit.overlay = asInFile ? Overlay() : std::move(overlay);
+    edit.patched.Reset();
+    record.flags = uint8_t(asInFile ? record.flags & ~kOverlaid : record.flags | kOverlaid);
     record.length += longer;
     for (uint32_t* hint : {&record.text, &record.xdata})
         if (*hint > at) *hint += longer;
+    ++changes;
 }
 
 void Store::Impl::SetErasedFlag(RecordIndex number, bool erased) {
+    EditToChange(number);
     Record& record = index.records[number];
     record.flags = uint8_t(erased ? record.flags | kErased : record.flags & ~kErased);
-    edits.Of(number);
+    ++changes;
 }
 
 RecordState Store::Impl::StateOf(RecordIndex number) const {
     const Edit* edit = edits.Find(number);
     return {number, edit ? edit->overlay : Overlay(), (index.records[number].flags & kErased) != 0,
             false};
+}
+
+// What Remember is to take after a change; made only where it is taken.
+RecordState Store::Impl::StateBefore(RecordIndex number) const {
+    return recording ? StateOf(number) : RecordState{number, Overlay(), false, false};
 }
 
 void Store::Impl::Remember(const RecordState& state) {
@@ -155,7 +193,7 @@ void Store::Impl::Remember(const RecordState& state) {
 void Store::Replace(RecordIndex index, std::string_view bytes) {
     impl->RequireEditable();
     if (bytes == Bytes(index)) return;
-    const RecordState before = impl->StateOf(index);
+    const RecordState before = impl->StateBefore(index);
     const std::string_view missing = impl->MissingLineEnd(bytes, index);
     impl->SetOverlay(
         index, missing.empty() ? Overlay(bytes) : Overlay(std::string(bytes).append(missing)));
@@ -166,7 +204,7 @@ void Store::ReplaceValue(RecordIndex index, const Group& group, std::string_view
     impl->RequireEditable();
     if (value == group.value) return;
     if (impl->IsEasyToPatch(index, group)) {
-        const RecordState before = impl->StateOf(index);
+        const RecordState before = impl->StateBefore(index);
         impl->Patch(index, group, value);
         return impl->Remember(before);
     }
@@ -186,8 +224,10 @@ RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
     Edit& edit = impl->edits.Of(inserted);
     edit.overlay = Overlay(bytes);
     edit.savedErased = true;
+    edit.saves = impl->saves;
     impl->Link(inserted, where);
     impl->TakeDescription(inserted, description);
+    ++impl->changes;
     impl->Remember({inserted, Overlay(), true, true});
     return inserted;
 }

@@ -8,9 +8,12 @@ namespace dxf {
 
 Flattened::Flattened(const Store::Impl& store) : store(store) {
     if (const uint64_t seed = store.NeededSeed()) header = store.HeaderWithSeed(seed);
-    const std::vector<RecordIndex> touched = store.TouchedRecords();
-    pieces.reserve(2 * touched.size() + 1);
-    for (const RecordIndex number : touched) {
+}
+
+void Flattened::WriteTo(const Sink& out) {
+    sink = &out;
+    copied = 0;
+    for (const RecordIndex number : store.TouchedRecords()) {
         AddFileUpTo(store.index.records[number].offset);
         AddFileRecord(number);
         AddChain(number);
@@ -18,8 +21,13 @@ Flattened::Flattened(const Store::Impl& store) : store(store) {
     AddFileUpTo(store.file.Size());
 }
 
+void Flattened::Add(std::string_view piece) {
+    (*sink)(piece);
+    last = piece;
+}
+
 void Flattened::AddFileUpTo(uint64_t offset) {
-    if (offset > copied) pieces.push_back(store.file.View().substr(copied, offset - copied));
+    if (offset > copied) Add(store.file.View().substr(copied, offset - copied));
     copied = offset;
 }
 
@@ -28,12 +36,12 @@ void Flattened::AddFileRecord(RecordIndex number) {
     const Record& record = store.index.records[number];
     const bool newHeader = number == store.index.header.record && !header.empty();
     if ((record.flags & kErased) || newHeader) {
-        if (!(record.flags & kErased)) pieces.push_back(header);
+        if (!(record.flags & kErased)) Add(header);
         copied = store.FileEnd(number);
     } else if (record.flags & kOverlaid) {
         const Overlay& overlay = store.edits.Find(number)->overlay;
         AddFileUpTo(record.offset + overlay.At());
-        pieces.push_back(overlay.Inserted());
+        Add(overlay.Inserted());
         copied = overlay.IsWhole() ? store.FileEnd(number) : copied + overlay.Removed();
     }
 }
@@ -45,11 +53,11 @@ void Flattened::AddChain(RecordIndex anchor) {
     for (RecordIndex number = chain.first;; number = store.links[number - store.fileCount].next) {
         // The file's last line may lack its end.
         const bool stands = !(store.index.records[number].flags & kErased);
-        if (stands && !pieces.empty()) {
-            const std::string_view missing = store.MissingLineEnd(pieces.back(), anchor);
-            if (!missing.empty()) pieces.push_back(missing);
+        if (stands && !last.empty()) {
+            const std::string_view missing = store.MissingLineEnd(last, anchor);
+            if (!missing.empty()) Add(missing);
         }
-        if (stands) pieces.push_back(store.BytesOf(number));
+        if (stands) Add(store.BytesOf(number));
         if (number == chain.last) return;
     }
 }
@@ -97,57 +105,72 @@ std::string Store::Impl::HeaderWithSeed(uint64_t seed) const {
 }
 
 bool Store::Modified() const {
-    bool modified = false;
+    bool modified = impl->neverSaved;
     impl->edits.ForEach([&](RecordIndex number, const Edit& edit) {
+        if (modified || edit.saves != impl->saves) return;
         const bool erased = At(number).flags & kErased;
-        const bool same = erased || edit.overlay.SharesWith(edit.savedOverlay);
-        modified = modified || erased != edit.savedErased ||
-                   (!same && impl->Applied(number, edit.overlay) !=
-                                 impl->Applied(number, edit.savedOverlay));
+        const Overlay saved = edit.savedOverlay ? *edit.savedOverlay : Overlay();
+        const bool same = erased || edit.overlay.SharesWith(saved);
+        modified = erased != edit.savedErased ||
+                   (!same && impl->Applied(number, edit.overlay) != impl->Applied(number, saved));
     });
     return modified;
 }
 
 void Store::MarkSaved() {
-    impl->edits.ForEach([&](RecordIndex number, const Edit&) {
-        Edit& edit = impl->edits.Of(number);
-        edit.savedOverlay = edit.overlay;
-        edit.savedErased = At(number).flags & kErased;
-    });
+    impl->neverSaved = false;
+    ++impl->saves;
 }
 
 std::string Store::ToBytes() const {
-    const Flattened flattened(*impl);
-    size_t size = 0;
-    for (const std::string_view piece : flattened.Pieces()) size += piece.size();
     std::string bytes;
-    bytes.reserve(size);
-    for (const std::string_view piece : flattened.Pieces()) bytes += piece;
+    bytes.reserve(Original().size());
+    Flattened(*impl).WriteTo([&](std::string_view piece) { bytes += piece; });
     return bytes;
+}
+
+namespace {
+
+// Under which a file is remembered: the same for all the ways to write its name. Empty when there
+// is no such file.
+std::string MetName(const std::string& nativePath) {
+    std::error_code failed;
+    return std::filesystem::canonical(nativePath, failed).string();
+}
+
+}  // namespace
+
+std::optional<FileIdentity> Store::Met(const std::string& nativePath) const {
+    const auto known = impl->filesMet.find(MetName(nativePath));
+    return known == impl->filesMet.end() ? std::nullopt : std::optional(known->second);
+}
+
+void Store::StandFor(const std::string& nativePath, const std::optional<FileIdentity>& met) {
+    impl->neverSaved = true;
+    const std::string name = MetName(nativePath);
+    if (met && !name.empty()) impl->filesMet[name] = *met;
 }
 
 // What cannot be found or looked at any more is met again as a file of somebody else.
 void Store::Impl::Meet(const std::string& nativePath) {
-    std::error_code failed;
-    const std::string met = std::filesystem::canonical(nativePath, failed);
+    const std::string met = MetName(nativePath);
     FileIdentity identity;
-    if (!failed && IdentifyFile(met, identity)) filesMet[met] = identity;
+    if (!met.empty() && IdentifyFile(met, identity)) filesMet[met] = identity;
 }
 
 void Store::Save(const std::string& nativePath, bool force, const Verify& verify) {
-    const Flattened flattened(*impl);
-    if (nativePath == "-") return WriteToStandardOutput(flattened.Pieces(), verify);
+    Flattened flattened(*impl);
+    const auto content = [&](const Sink& sink) { flattened.WriteTo(sink); };
+    if (nativePath == "-") return WriteToStandardOutput(content, verify);
     FileIdentity now;
     const bool exists = IdentifyFile(nativePath, now);
-    std::error_code failed;
-    const auto known = exists ? impl->filesMet.find(std::filesystem::canonical(nativePath, failed))
-                              : impl->filesMet.end();
-    if (known != impl->filesMet.end() && !force && !(now == known->second))
+    const std::optional<FileIdentity> known = exists ? Met(nativePath) : std::nullopt;
+    if (known && !force && !(now == *known))
         throw FileChanged(
             nativePath +
             ": the file changed on disk since it was read or saved; nothing was changed. "
             "Save under another name, or say that it may be overwritten");
-    ReplaceFile(nativePath, flattened.Pieces(), verify);
+    ReplaceFile(nativePath, content, verify);
     impl->Meet(nativePath);
 }
 

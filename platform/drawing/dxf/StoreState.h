@@ -9,6 +9,7 @@
 #include "platform/drawing/dxf/FileIndex.h"
 #include "platform/drawing/dxf/FileInput.h"
 #include "platform/drawing/dxf/HandleIndex.h"
+#include "platform/drawing/dxf/SaveFile.h"
 #include "platform/drawing/dxf/Store.h"
 
 namespace dxf {
@@ -33,10 +34,13 @@ struct Store::Impl {
     std::unique_ptr<TextCodec> codec;
     Version version = Version::R12;
     bool readOnly = false;
+    bool neverSaved = false;  // a copy of work that its own file lacks
     RecordIndex fileCount = 0;
     uint64_t firstNewHandle = 1, nextHandle = 1;
 
     EditTable edits;
+    uint64_t changes = 0;
+    uint32_t saves = 0;
     std::vector<Links> links;  // of the inserted records, in order of insertion
     std::unordered_map<RecordIndex, Chain> chains;
     std::unordered_map<RecordIndex, uint64_t> memoryHandles;
@@ -71,10 +75,14 @@ struct Store::Impl {
     void TakeDescription(RecordIndex number, const Record& description);
     void Link(RecordIndex inserted, RecordIndex where);
     bool IsEasyToPatch(RecordIndex number, const Group& group) const;
+    Overlay Joined(RecordIndex number, const Overlay& patch, uint32_t at, uint32_t removed,
+                   std::string_view value) const;
     void Patch(RecordIndex number, const Group& group, std::string_view value);
+    Edit& EditToChange(RecordIndex number);
     void SetOverlay(RecordIndex number, Overlay overlay);
     void SetErasedFlag(RecordIndex number, bool erased);
     RecordState StateOf(RecordIndex number) const;
+    RecordState StateBefore(RecordIndex number) const;
     void Remember(const RecordState& state);
 
     // Saving.
@@ -84,21 +92,23 @@ struct Store::Impl {
     std::vector<RecordIndex> TouchedRecords() const;
 };
 
-// The file as it stands now, as views in their order. Lives as long as the store is not changed.
+// The file as it stands now, piece by piece. The store must not change meanwhile.
 class Flattened {
   public:
     explicit Flattened(const Store::Impl& store);
-    const std::vector<std::string_view>& Pieces() const { return pieces; }
+    void WriteTo(const Sink& sink);
 
   private:
+    void Add(std::string_view piece);
     void AddFileUpTo(uint64_t offset);
     void AddFileRecord(RecordIndex number);
     void AddChain(RecordIndex anchor);
 
     const Store::Impl& store;
     std::string header;  // with a new $HANDSEED; empty when it stays
+    const Sink* sink = nullptr;
     uint64_t copied = 0;
-    std::vector<std::string_view> pieces;
+    std::string_view last;  // what was written last
 };
 
 }  // namespace dxf

@@ -90,8 +90,31 @@ void AppendUnicode(char16_t unit, std::string& out) {
     for (int shift = 12; shift >= 0; shift -= 4) out += kDigits[(unit >> shift) & 15];
 }
 
-bool IsPlain(char16_t c) { return c >= 0x20 && c < 0x7F && c != u'\\' && c != u'^'; }
-bool IsPlainByte(char c) { return IsPlain(static_cast<unsigned char>(c)); }
+constexpr bool IsPlain(char16_t c) { return c >= 0x20 && c < 0x7F && c != u'\\' && c != u'^'; }
+
+constexpr auto kPlainBytes = [] {
+    std::array<bool, 256> plain{};
+    for (char16_t c = 0; c < 256; ++c) plain[c] = IsPlain(c);
+    return plain;
+}();
+
+bool IsPlainByte(char c) { return kPlainBytes[static_cast<unsigned char>(c)]; }
+bool IsPlainUnit(char16_t c) { return c < 256 && kPlainBytes[c]; }
+
+size_t PlainLength(std::string_view raw) {
+    return size_t(std::find_if_not(raw.begin(), raw.end(), IsPlainByte) - raw.begin());
+}
+
+size_t PlainLength(std::u16string_view text) {
+    return size_t(std::find_if_not(text.begin(), text.end(), IsPlainUnit) - text.begin());
+}
+
+// Plain characters are the same in every page.
+std::u16string Widened(std::string_view plain) {
+    std::u16string text(plain.size(), u'\0');
+    for (size_t i = 0; i < plain.size(); ++i) text[i] = static_cast<unsigned char>(plain[i]);
+    return text;
+}
 
 // The units of the text's first character: a pair of surrogates or one unit.
 std::u16string_view FirstCharacter(std::u16string_view text) {
@@ -117,7 +140,7 @@ TextCodec::TextCodec(Version version, std::string_view codePageName)
 bool TextCodec::Utf8() const { return utf8; }
 
 std::u16string TextCodec::Decode(std::string_view raw) const {
-    if (std::all_of(raw.begin(), raw.end(), IsPlainByte)) return {raw.begin(), raw.end()};
+    if (PlainLength(raw) == raw.size()) return Widened(raw);
     // The page comes first: in double-byte pages the second byte of a character can be that of a
     // backslash or a caret.
     const std::u16string decoded = page.Decode(raw);
@@ -128,8 +151,17 @@ std::u16string TextCodec::Decode(std::string_view raw) const {
     return text;
 }
 
+bool TextCodec::Reads(std::string_view raw, std::u16string_view text) const {
+    const size_t plain = PlainLength(raw);
+    if (plain > text.size() || !std::equal(raw.begin(), raw.begin() + plain, text.begin()))
+        return false;
+    raw.remove_prefix(plain);
+    text.remove_prefix(plain);
+    return raw.empty() ? text.empty() : Decode(raw) == text;
+}
+
 std::string TextCodec::Encode(std::u16string_view text) const {
-    if (std::all_of(text.begin(), text.end(), IsPlain)) return {text.begin(), text.end()};
+    if (PlainLength(text) == text.size()) return {text.begin(), text.end()};
     const bool loose = std::any_of(text.begin(), text.end(), IsUndecodable);
     std::string raw = EncodeAll(text, true);
     // A byte that stands for itself may make a character with what comes behind it now; escaped it
@@ -142,7 +174,11 @@ std::string TextCodec::Encode(std::u16string_view text) const {
 std::string TextCodec::EncodeAll(std::u16string_view text, bool looseBytes) const {
     std::string raw;
     raw.reserve(text.size());
-    while (!text.empty()) {
+    for (;;) {
+        const size_t plain = PlainLength(text);
+        raw.append(text.begin(), text.begin() + plain);
+        text.remove_prefix(plain);
+        if (text.empty()) return raw;
         const std::u16string_view character = FirstCharacter(text);
         if (text[0] == u'\\' && (StartsUnicode(text) || StartsMultibyte(text)))
             AppendUnicode(u'\\', raw);  // spelled out by the user: no escape must come of it
@@ -150,7 +186,6 @@ std::string TextCodec::EncodeAll(std::u16string_view text, bool looseBytes) cons
             EncodeCharacter(character, looseBytes, raw);
         text.remove_prefix(character.size());
     }
-    return raw;
 }
 
 void TextCodec::EncodeCharacter(std::u16string_view character, bool looseBytes,

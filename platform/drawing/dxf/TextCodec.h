@@ -18,6 +18,8 @@ class TextCodec {
     // Bytes that the page cannot decode become U+DC80 + byte - 0x80, so that Encode gives them
     // back.
     std::u16string Decode(std::string_view raw) const;
+    // Whether Decode gives that text; told without making it as far as the value is plain ASCII.
+    bool Reads(std::string_view raw, std::u16string_view text) const;
     // Text to raw value: control characters as caret escapes, a caret as "^ ", what the page lacks
     // as \U+XXXX. Never holds a raw line end.
     std::string Encode(std::u16string_view text) const;

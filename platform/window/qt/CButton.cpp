@@ -11,6 +11,7 @@
 
 #include "platform/window/CBitmapButton.h"
 #include "platform/window/qt/DeviceContext.h"
+#include "platform/window/qt/Frame.h"
 #include "platform/window/qt/WindowHandle.h"
 
 IMPLEMENT_DYNAMIC(CButton, CWnd)
@@ -68,11 +69,10 @@ class TitledFrame : public QGroupBox {
         const QRect room(kIndent + kGap, 0, metrics.horizontalAdvance(title()), metrics.height());
         QPalette::ColorGroup state = isEnabled() ? QPalette::Active : QPalette::Disabled;
         painter.setPen(palette().color(state, QPalette::WindowText));
-        painter.drawText(room, Qt::AlignLeft | Qt::AlignTop, title());
+        painter.drawText(QPoint(room.left(), metrics.ascent()), title());
         painter.setClipRegion(QRegion(rect()) - room.adjusted(-kGap, 0, kGap, 0));
-        painter.setPen(palette().color(QPalette::Mid));
-        painter.drawRect(
-            QRect(0, metrics.height() / 2, width() - 1, height() - metrics.height() / 2 - 1));
+        PaintFrame(painter, rect().adjusted(0, metrics.height() / 2, 0, 0),
+                   palette().color(QPalette::Mid));
     }
 };
 

@@ -1,9 +1,7 @@
 // The class "EDIT" over QLineEdit.
 #include "platform/window/CEdit.h"
 
-#include <QLineEdit>
-#include <algorithm>
-
+#include "platform/window/qt/LimitedField.h"
 #include "platform/window/qt/WindowHandle.h"
 
 IMPLEMENT_DYNAMIC(CEdit, CWnd)
@@ -12,34 +10,7 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// A field whose limit binds the user and not the program: maxLength of the toolkit would cut what
-// SetWindowText brings.
-class EditWidget : public QLineEdit {
-  public:
-    explicit EditWidget(QWidget* parent) : QLineEdit(parent) {
-        connect(this, &QLineEdit::textEdited, this, [this] { CutEntered(); });
-        connect(this, &QLineEdit::textChanged, this, [this] { length = text().size(); });
-    }
-    int limit = 0;
-
-  private:
-    // What was entered last stands before the cursor; a text that was too long already may stay so.
-    void CutEntered() {
-        if (limit <= 0) return;
-        const auto over = static_cast<int>(text().size() - std::max<qsizetype>(limit, before));
-        if (over > 0 && cursorPosition() >= over) {
-            setSelection(cursorPosition() - over, over);
-            del();
-        }
-    }
-    bool event(QEvent* event) override {
-        before = length;
-        return QLineEdit::event(event);
-    }
-    qsizetype length = 0, before = 0;
-};
-
-bool Answer(EditWidget& edit, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+bool Answer(LimitedField& edit, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
         case EM_SETSEL: {
             const int start = static_cast<int>(wParam), end = static_cast<int>(lParam);
@@ -62,7 +33,7 @@ bool Answer(EditWidget& edit, UINT message, WPARAM wParam, LPARAM lParam, LRESUL
 }
 
 QWidget* Make(WindowHandle& handle, QWidget* parent) {
-    auto* edit = new EditWidget(parent);
+    auto* edit = new LimitedField(parent);
     edit->setFrame(handle.HasStyle(WS_BORDER));
     edit->setReadOnly(handle.HasStyle(ES_READONLY));
     if (handle.HasStyle(ES_PASSWORD)) edit->setEchoMode(QLineEdit::Password);
@@ -107,7 +78,7 @@ void CEdit::LimitText(int characters) {
 }
 
 UINT CEdit::GetLimitText() const {
-    const auto* edit = dynamic_cast<EditWidget*>(WidgetOf(this));
+    const auto* edit = dynamic_cast<LimitedField*>(WidgetOf(this));
     return edit ? static_cast<UINT>(edit->limit) : 0;
 }
 

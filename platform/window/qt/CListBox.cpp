@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QListWidget>
 
+#include "platform/window/qt/Frame.h"
 #include "platform/window/qt/WindowHandle.h"
 
 IMPLEMENT_DYNAMIC(CListBox, CWnd)
@@ -30,6 +31,9 @@ class ListBoxWidget : public QListWidget {
     void Forget() { told = Selected(); }
 
   protected:
+    bool event(QEvent* event) override {
+        return PaintsFrame(*this, *event) || QListWidget::event(event);
+    }
     bool viewportEvent(QEvent* event) override {
         const auto byDefault = [this, event] { return QListWidget::viewportEvent(event); };
         if (event->type() == QEvent::Paint || event->type() == QEvent::Resize) return byDefault();

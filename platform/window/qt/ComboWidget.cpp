@@ -4,7 +4,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPointer>
 #include <QProxyStyle>
 #include <QSignalBlocker>
@@ -99,7 +98,8 @@ ComboWidget::ComboWidget(WindowHandle& handle, QWidget* parent)
 }
 
 void ComboWidget::MakeField() {
-    setEditable(true);
+    field = new LimitedField(this);
+    setLineEdit(field);
     setCompleter(nullptr);
     connect(lineEdit(), &QLineEdit::textEdited, &handle, [this] {
         typed = true;
@@ -209,7 +209,7 @@ bool ComboWidget::eventFilter(QObject* watched, QEvent* event) {
 bool ComboWidget::Answer(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
         case CB_LIMITTEXT:
-            if (lineEdit()) lineEdit()->setMaxLength(wParam ? static_cast<int>(wParam) : 32767);
+            if (field) field->limit = static_cast<int>(wParam);
             return true;
         case CB_SHOWDROPDOWN:
             if (wParam)

@@ -3,6 +3,7 @@
 
 #include <QComboBox>
 
+#include "platform/window/qt/LimitedField.h"
 #include "platform/window/qt/WindowHandle.h"
 
 // The differences: nothing is selected until somebody selects, typing in the field takes the
@@ -39,6 +40,7 @@ class ComboWidget : public QComboBox {
     bool IsSimple() const { return (handle.style & CBS_DROPDOWNLIST) == CBS_SIMPLE; }
 
     WindowHandle& handle;
+    LimitedField* field = nullptr;  // of a kind that can be typed in; a child
     bool typed = false;
     bool dropped = false;
     bool keyInList = false;

@@ -19,6 +19,8 @@ bool ListWidget::viewportEvent(QEvent* event) {
         ShowTip(help.pos(), help.globalPos());
         return true;
     }
+    if (event->type() == QEvent::ChildPolished)
+        NameByColumn(static_cast<QChildEvent&>(*event).child());
     bool ran = false;
     const auto byDefault = [&] {
         ran = true;
@@ -27,6 +29,15 @@ bool ListWidget::viewportEvent(QEvent* event) {
     };
     const bool taken = handle.DispatchEvent(viewport(), event, byDefault);
     return taken || ran ? taken : byDefault();
+}
+
+// What stands over a cell is read as the cell's column.
+void ListWidget::NameByColumn(QObject* child) {
+    auto* over = qobject_cast<QWidget*>(child);
+    const int column = over && over != header ? ColumnAt(over->geometry().center().x()) : -1;
+    if (column >= 0)
+        over->setAccessibleName(
+            header->columns.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
 }
 
 // --- scroll bars ------------------------------------------------------------------------------

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/window/CListCtrl.h"
+#include "platform/window/qt/Frame.h"
 
 namespace {
 
@@ -197,7 +198,7 @@ void ListWidget::PlaceHeader() {
 
 bool ListWidget::event(QEvent* event) {
     if (event->type() == QEvent::LayoutRequest) Settle();
-    return QAbstractScrollArea::event(event);
+    return PaintsFrame(*this, *event) || QAbstractScrollArea::event(event);
 }
 
 void ListWidget::resizeEvent(QResizeEvent* event) {

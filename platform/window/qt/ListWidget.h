@@ -93,6 +93,7 @@ class ListWidget : public QAbstractScrollArea {
     LRESULT AskForLabelEdit(int row);
     void ShowTip(const QPoint& point, const QPoint& screen);
     void TellFocus();
+    void NameByColumn(QObject* child);
 
     ListHeader* header;
     int rowHeight = 1;

@@ -4,6 +4,7 @@
 #include "platform/drawing/DbDictionary.h"
 #include "platform/drawing/DbPolyline.h"
 #include "platform/drawing/DbRegAppTable.h"
+#include "platform/drawing/DbXDataIterator.h"
 #include "platform/drawing/DbXrecord.h"
 #include "tests/platform/drawing/DrawingBuilder.h"
 
@@ -41,6 +42,44 @@ TEST(XData, IsReadByApplicationWithItsOwnEntryFirst) {
     int all = 0;
     for (OdResBufPtr e = wire->xData(); !e.isNull(); e = e->next()) ++all;
     EXPECT_EQ(all, 10);
+}
+
+TEST(XData, IsWalkedAsTheChainTells) {
+    OdDbDatabasePtr database = open();
+    OdDbPolylinePtr wire = At<OdDbPolyline>(*database, u"30");
+    for (const char16_t* application : {u"wire", u"OTHER", u"LAST", u"", u"NOBODY"}) {
+        OdResBufPtr expected = wire->xData(application);
+        for (OdDbXDataIterator walk(*wire, application); !walk.done(); walk.next()) {
+            ASSERT_FALSE(expected.isNull());
+            EXPECT_EQ(walk.restype(), expected->restype());
+            EXPECT_EQ(walk.getString(), expected->getString());
+            expected = expected->next();
+        }
+        EXPECT_TRUE(expected.isNull());
+    }
+}
+
+TEST(XData, AStringIsReplacedWhereItStands) {
+    OdDbDatabasePtr database = open();
+    OdDbPolylinePtr wire = At<OdDbPolyline>(*database, u"30");
+    const auto set = [&](int number, const OdString& text) {
+        OdDbXDataIterator walk(*wire, u"WIRE");
+        for (; number > 0; --number) walk.next();
+        walk.setString(text);
+        EXPECT_TRUE(walk.done());
+    };
+    EXPECT_EQ(Raised([&] { set(4, u"N1\fgreen"); }), eNotOpenForWrite);
+    wire->upgradeOpen();
+    EXPECT_EQ(Raised([&] { set(1, u"8"); }), eInvalidResBuf);
+    EXPECT_EQ(Raised([&] { set(4, std::u16string(256, u'x')); }), eStringTooLong);
+    EXPECT_FALSE(database->isModified());
+    set(4, u"N1\fgreen");
+    set(3, u"00a1");
+    EXPECT_EQ(Difference(std::string(database->store().Original()), database->toBytes()),
+              "-1F\n-1000\n-N1^Lred\n+A1\n+1000\n+N1^Lgreen\n");
+    set(4, u"N1\fred");
+    set(3, u"1F");
+    EXPECT_FALSE(database->isModified());
 }
 
 TEST(XData, ChangesTheTouchedEntryAlone) {

@@ -214,10 +214,15 @@ TEST(Edits, ModifiedFollowsTheLastSave) {
     EXPECT_TRUE(store->Modified());
     store->MarkSaved();
     EXPECT_FALSE(store->Modified());
-    store->Restore(undo);
+    const std::vector<RecordState> redo = store->Restore(undo);
     EXPECT_TRUE(store->Modified());
     EXPECT_EQ(store->FindHandle(0xB), added);
     EXPECT_TRUE(store->At(added).flags & kErased);
+    store->Restore(redo);
+    EXPECT_FALSE(store->Modified()) << "it is as it was saved";
+    store->MarkSaved();
+    store->Replace(text, Lines({{0, "TEXT"}, {5, "A"}, {1, "x"}}));
+    EXPECT_TRUE(store->Modified());
 }
 
 struct SeedCase {

@@ -74,6 +74,11 @@ TEST(TextCodec, EveryTextComesBack) {
         const std::string raw = codec.Encode(text);
         EXPECT_EQ(raw.find_first_of("\r\n"), raw.npos);
         ASSERT_EQ(codec.Decode(raw), text) << raw;
+        ASSERT_TRUE(codec.Reads(raw, text)) << raw;
+        ASSERT_FALSE(codec.Reads(raw, text + u'x')) << raw;
+        if (!text.empty()) {
+            ASSERT_FALSE(codec.Reads(raw, text.substr(1))) << raw;
+        }
     }
 }
 

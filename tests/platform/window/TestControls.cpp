@@ -12,6 +12,7 @@
 #include "platform/window/CBitmapButton.h"
 #include "platform/window/CComboBox.h"
 #include "platform/window/CListBox.h"
+#include "platform/window/CListCtrl.h"
 #include "platform/window/CStatic.h"
 #include "tests/platform/window/Bench.h"
 
@@ -139,7 +140,7 @@ TEST_F(Controls, AComboTellsOfItsSelectionAndKeepsTheFocusWhileOpen) {
     EXPECT_NE(CWnd::GetFocus(), &combo);
 }
 
-TEST_F(Controls, TypingInAComboTakesTheSelectionAwayUpToItsLimit) {
+TEST_F(Controls, TypingInAComboTakesTheSelectionAwayAndOnlyItIsLimited) {
     CComboBox combo;
     combo.Create(0x50200252, place, &dialog, 50);
     combo.AddString(u"alpha");
@@ -150,6 +151,11 @@ TEST_F(Controls, TypingInAComboTakesTheSelectionAwayUpToItsLimit) {
     EXPECT_EQ(combo.GetWindowText(), u"abcd");
     EXPECT_EQ(combo.GetCurSel(), CB_ERR);
     EXPECT_EQ(dialog.codes.front(), CBN_EDITCHANGE);
+    combo.SetWindowText(u"longer than four");
+    Type(combo, "x");
+    EXPECT_EQ(combo.GetWindowText(), u"longer than four");
+    combo.SetCurSel(0);
+    EXPECT_EQ(combo.GetWindowText(), u"alpha");
 }
 
 TEST_F(Controls, AnOwnerDrawnComboDrawsEachEntry) {
@@ -264,6 +270,28 @@ TEST_F(Controls, FontsAreMeasuredAsTheyAreDrawn) {
     EXPECT_GE(needed.Height(), 2 * plain.cy);
 }
 
+// The letters that only another font has are wide in the first text, high in the second.
+TEST_F(Controls, LettersOfAnotherFontLeaveTheBaseLineWhereItIs) {
+    const CRect line(10, 90, 110, 103);
+    for (const DWORD style : {DWORD{SS_LEFT}, DWORD{BS_GROUPBOX}}) {
+        CStatic label;
+        CButton group;
+        CWnd& control = style ? static_cast<CWnd&>(group) : label;
+        if (style) group.Create(u"", WS_CHILD | WS_VISIBLE | style, line, &dialog, 50);
+        if (!style) label.Create(u"", WS_CHILD | WS_VISIBLE | style, line, &dialog, 50);
+        control.SetFont(dialog.GetFont());
+        auto picture = [&](const char16_t* text) {
+            control.SetWindowText(text);
+            return WidgetOf(&control)->grab(QRect(0, 0, style ? 18 : 7, 13)).toImage();
+        };
+        const QImage plain = picture(u"H.");
+        EXPECT_NE(picture(u"L."), plain);
+        EXPECT_EQ(picture(u"H.翻訳"), plain) << style;
+        EXPECT_EQ(picture(u"H.ตั้ง"), plain) << style;
+        control.DestroyWindow();
+    }
+}
+
 TEST_F(Controls, ThePositionsAreThoseOfTheTemplateInPixels) {
     CRect rect;
     dialog.GetDlgItem(12)->GetWindowRect(rect);
@@ -317,7 +345,41 @@ TEST(Sizing, SetWindowPosKeepsWhatItIsToldTo) {
     EXPECT_EQ(CClientDC(nullptr).GetDeviceCaps(LOGPIXELSX), 96);
 }
 
-// Run by the test below with a scale: the texts fit, and the picture has the scale's pixels.
+// This and the next are run by the test below with a scale.
+TEST(Scale, TheFramesOfGroupsAndListsAreWhole) {
+    CWnd parent;
+    parent.Create(u"", u"", WS_POPUP, CRect(0, 0, 300, 200), nullptr, 0);
+    const CRect places[] = {{11, 9, 92, 90}, {101, 9, 190, 91}, {203, 11, 290, 100}};
+    CListCtrl list;
+    CListBox box;
+    CButton group;
+    list.Create(WS_VISIBLE | WS_BORDER | LVS_REPORT, places[0], &parent, 1);
+    box.Create(WS_CHILD | WS_VISIBLE | WS_BORDER, places[1], &parent, 2);
+    group.Create(u"", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, places[2], &parent, 3);
+    parent.ShowWindow(SW_SHOW);
+    Settle();
+    const QImage image = WidgetOf(&parent)->grab().toImage();
+    const QRgb line = WidgetOf(&parent)->palette().color(QPalette::Mid).rgb();
+    // From outside the rectangle to a point well inside of it, in pixels of the screen.
+    const auto crosses = [&](QPointF from, QPointF to) {
+        const double steps = 40;
+        for (int i = 0; i <= steps; ++i) {
+            const QPointF at = (from + (to - from) * i / steps) * image.devicePixelRatio();
+            if (image.pixel(at.toPoint()) == line) return true;
+        }
+        return false;
+    };
+    for (const CRect& place : places) {
+        const QRectF rect(ToQRect(place));
+        const QPointF middle = rect.center() + QPointF(0.25, 20);  // below a list's header
+        EXPECT_TRUE(crosses({rect.left() - 2, middle.y()}, {rect.left() + 4, middle.y()}));
+        EXPECT_TRUE(crosses({rect.right() + 2, middle.y()}, {rect.right() - 4, middle.y()}));
+        EXPECT_TRUE(crosses({middle.x(), rect.top() - 2}, {middle.x(), rect.top() + 12}));
+        EXPECT_TRUE(crosses({middle.x(), rect.bottom() + 2}, {middle.x(), rect.bottom() - 4}));
+    }
+}
+
+// The texts fit, and the picture has the scale's pixels.
 TEST(Scale, TheTextsFitTheirRooms) {
     BenchDialog dialog;
     dialog.Run([&] {
@@ -342,7 +404,7 @@ TEST(Scale, HoldsAt100And150And200Percent) {
         run.setProcessEnvironment(environment);
         run.setProcessChannelMode(QProcess::ForwardedChannels);
         run.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--gtest_filter=Scale.TheTexts*")});
+                  {QStringLiteral("--gtest_filter=Scale.The*")});
         ASSERT_TRUE(run.waitForFinished());
         EXPECT_EQ(run.exitCode(), 0) << "at scale " << scale;
     }

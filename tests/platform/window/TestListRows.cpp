@@ -52,6 +52,7 @@ class Twin {
                 break;
             case 9:
                 if (Below(4) == 0) Columns();
+                if (Below(40) == 0) Clear();
                 break;
         }
     }
@@ -117,6 +118,10 @@ class Twin {
     }
     void MarkPlain(int row) {
         for (PlainRow& each : plain) each.marked = &each == &plain[row];
+    }
+    void Clear() {
+        rows.Clear();
+        plain.clear();
     }
     void Columns() {
         const int column = Below(columns);

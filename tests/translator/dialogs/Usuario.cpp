@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -111,14 +112,16 @@ void Digitar(CListCtrl& lista, int linha, int coluna, const char* texto) {
 void ClicarTitulo(CListCtrl& lista, int coluna) {
     RECT titulo;
     ASSERT_TRUE(lista.GetHeaderCtrl()->GetItemRect(coluna, &titulo));
-    auto* cabecalho = WidgetOf(&lista)->findChild<QWidget*>("header");
+    auto* cabecalho = WidgetOf(&lista)->findChild<QHeaderView*>();
     ASSERT_TRUE(cabecalho);
-    QTest::mouseClick(cabecalho, Qt::LeftButton, {}, QPoint(titulo.left + 20, titulo.top + 5));
+    QTest::mouseClick(cabecalho->viewport(), Qt::LeftButton, {},
+                      QPoint(titulo.left + 20, titulo.top + 5));
 }
 
 void EscolherArquivo(QWidget& dialogo, const QString& caminho) {
     auto* escolha = qobject_cast<QFileDialog*>(&dialogo);
     ASSERT_TRUE(escolha) << dialogo.metaObject()->className();
+    if (caminho.isEmpty()) return escolha->reject();
     auto* nome = escolha->findChild<QLineEdit*>("fileNameEdit");
     ASSERT_TRUE(nome);
     nome->setText(caminho);

@@ -39,7 +39,7 @@ void Escolher(CWnd& janela, int id, const char* texto);  // in a drop-down list,
 void AbrirEditor(CListCtrl& lista, int linha, int coluna);                 // by a click
 void Digitar(CListCtrl& lista, int linha, int coluna, const char* texto);  // over the cell's text
 void ClicarTitulo(CListCtrl& lista, int coluna);
-void EscolherArquivo(QWidget& dialogo, const QString& caminho);
+void EscolherArquivo(QWidget& dialogo, const QString& caminho);  // an empty path cancels
 
 CWnd& PaginaDe(CWnd& assistente);  // the one that the wizard shows
 CListCtrl& ListaDe(CWnd& janela, int id);

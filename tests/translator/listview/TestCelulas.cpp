@@ -11,6 +11,17 @@ using namespace ListView;
 
 class Celulas : public Bancada {
   protected:
+    // What is drawn of a row or of a cell.
+    QImage Desenho(int32_t row, int32_t col = -1) {
+        CRect rect;
+        if (col < 0)
+            lista.GetItemRect(row, rect, LVIR_BOUNDS);
+        else
+            lista.GetSubItemRect(row, col, LVIR_LABEL, rect);
+        const QImage whole = HandleOf(WidgetOf(&lista))->client->grab().toImage();
+        return whole.copy(rect.left, rect.top, rect.Width(), rect.Height())
+            .convertToFormat(QImage::Format_RGB32);
+    }
     // The colour of the control at the right end of a cell, where no text stands.
     COLORREF Fundo(int32_t row, int32_t col) {
         CRect cell;
@@ -32,6 +43,28 @@ TEST_F(Celulas, ColumnsAreCountedForEver) {
     EXPECT_EQ(Texto(0, 2), "x");
     EXPECT_THROW(lista.SetValor(0, 3, u"x"), CInvalidArgException) << "made with three columns";
     EXPECT_THROW(lista.GetIndice(0, -1), CInvalidArgException);
+}
+
+// Records are made as they are used, and their memory serves again.
+TEST_F(Celulas, ARowBeginsBlankWhateverStoodThereBefore) {
+    for (int column = 2; column < 9; ++column) lista.AddColumn(u"", 10, false);
+    lista.AddItem(u"", u"", TQString(u"former"), 9, TEXTO, 1, true, 0);
+    for (const int column : {1, 8}) {
+        lista.SetSubItem(0, column, u"former", u"", Valores({u"a", u"b"}), 9, LISTA, 0, true, 1);
+        lista.Celula(0, column)->complementos = Valores({u"b"});
+    }
+    lista.DeleteAllItems();
+    lista.AddColumn(u"", 10, false);
+    lista.AddItem(u"", u"", TQString(u"new"), 9, TEXTO, 1, true, 0);
+    for (const int column : {1, 8, 9}) {
+        EXPECT_EQ(Texto(0, column), "");
+        EXPECT_EQ(lista.GetTipo(0, column), -1);
+        EXPECT_EQ(lista.GetIndice(0, column), -1);
+        const CIListViewPropriedadeItem& cell = *lista.Celula(0, column);
+        EXPECT_TRUE(cell.chave.empty() && cell.valores.empty() && cell.complementos.empty() &&
+                    !cell.editavel);
+    }
+    EXPECT_THROW(lista.Celula(0, 10), CInvalidArgException);
 }
 
 TEST_F(Celulas, RowsWithoutDataAnswerByTheTable) {
@@ -97,6 +130,53 @@ TEST_F(Celulas, BackgroundsByState) {
     lista.bloqueado = true;
     EXPECT_NE(Fundo(0, 1), RGB(255, 0, 0));
     EXPECT_EQ(Texto(3), "t");
+}
+
+// A cell that can be edited reads like a link.
+TEST_F(Celulas, TheMouseUnderlinesACellThatCanBeEdited) {
+    Linha(TEXTO, Valores({u"link"}));
+    Linha(TEXTO, Valores({u"link"}))->negrito = true;
+    Linha(TEXTO, Valores({u"text"}))->editavel = false;
+    QWidget* client = HandleOf(WidgetOf(&lista))->client;
+    const auto mouseAt = [&](int row) {
+        CRect cell;
+        lista.GetSubItemRect(row, 1, LVIR_LABEL, cell);
+        QTest::mouseMove(client, QPoint(cell.CenterPoint().x, cell.CenterPoint().y));
+        QCoreApplication::processEvents();
+    };
+    std::vector<QImage> atRest;
+    mouseAt(2);
+    for (int row = 0; row < 3; ++row) atRest.push_back(Desenho(row, 1));
+    for (int row = 0; row < 3; ++row) {
+        mouseAt(row);
+        const bool link = row < 2;
+        EXPECT_EQ(client->cursor().shape(), link ? Qt::PointingHandCursor : Qt::ArrowCursor);
+        EXPECT_EQ(Desenho(row, 1) != atRest[row], link) << row;
+    }
+    lista.bloqueado = true;
+    mouseAt(0);
+    EXPECT_EQ(client->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(Celulas, SeparatorsAndTitles) {
+    for (int row = 0; row < 3; ++row) Linha(TEXTO, Valores({u"value"}));
+    lista.linhasSeparadoras = {1};
+    lista.linhasTitulo = {2};
+    const QRgb window = QColor(Qt::white).rgb(), line = qRgb(0x96, 0x96, 0x96);
+    const QImage separator = Desenho(1), title = Desenho(2);
+    const int middle = separator.height() / 2, width = separator.width();
+    EXPECT_EQ(separator.pixel(9, middle), window);
+    EXPECT_EQ(separator.pixel(10, middle), line);
+    EXPECT_EQ(separator.pixel(width - 11, middle), line);
+    EXPECT_EQ(separator.pixel(width / 2, middle - 1), window);
+    const auto empty = [&](int left, int right) {
+        return title.copy(left, 0, right - left, title.height()) ==
+               title.copy(0, 0, right - left, title.height());
+    };
+    const int text = WidgetOf(&lista)->fontMetrics().horizontalAdvance("name");
+    EXPECT_TRUE(empty(0, width / 2 - text)) << "neither of the cells' texts";
+    EXPECT_FALSE(empty(width / 2 - text, width / 2 + text)) << "the title in the middle";
+    EXPECT_TRUE(empty(width / 2 + text, width));
 }
 
 TEST_F(Celulas, TextStaysReadableOnTheFixedBackground) {

@@ -105,6 +105,18 @@ TEST(TQFileDialog, GivesBackslashesAndLogsWhatQtGave) {
                                 "OPEN file dialog, filter=, path=", "File dialog result: "}));
 }
 
+TEST(TQFileDialog, AFailureIsLoggedAndGoesOn) {
+    class WithoutWindows : public ScriptedServices {
+        CMxMainWindowService* GetMainWindowService() override {
+            throw std::runtime_error("no windows");
+        }
+    } services;
+    TQString result;
+    EXPECT_THROW(TQFileDialog(result, true, u"", u"", u""), std::runtime_error);
+    EXPECT_EQ(services.log, (std::vector<std::string>{"OPEN file dialog, filter=, path=",
+                                                      "TQFileDialog : no windows"}));
+}
+
 TEST(ParentWindow, IsThatOfTheThreadOrOfTheHost) {
     EXPECT_EQ(ParentWindow(), nullptr);
     ScriptedServices services;

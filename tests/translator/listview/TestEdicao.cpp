@@ -1,8 +1,11 @@
 // How an edit begins and ends, who is told of it, and windows that go in the middle of one.
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QScrollBar>
 #include <QWheelEvent>
 
-#include "platform/window/CEdit.h"
 #include "platform/window/qt/WindowHandle.h"
 #include "tests/translator/listview/Bancada.h"
 
@@ -12,12 +15,21 @@ using Ouvido = std::vector<std::string>;
 
 class Edicao : public Bancada {
   protected:
-    void Rolar() {
+    QAbstractScrollArea& Area() { return static_cast<QAbstractScrollArea&>(*WidgetOf(&lista)); }
+    void Rolar(QPoint degrees) {
         QWidget* client = HandleOf(WidgetOf(&lista))->client;
-        const QPointF at(20, 20);
-        QWheelEvent wheel(at, client->mapToGlobal(at), {}, QPoint(0, -120), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        const QPointF at(20, 60);
+        QWheelEvent wheel(at, client->mapToGlobal(at), {}, degrees, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
         QApplication::sendEvent(client, &wheel);
+    }
+    void ArrastarColuna() {
+        QWidget* header = WidgetOf(&lista)->findChild<QHeaderView*>()->viewport();
+        QTest::mousePress(header, Qt::LeftButton, {}, QPoint(99, 5));
+        QMouseEvent move(QEvent::MouseMove, QPointF(139, 5), header->mapToGlobal(QPointF(139, 5)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(header, &move);
+        QTest::mouseRelease(header, Qt::LeftButton, {}, QPoint(139, 5));
     }
 };
 
@@ -48,21 +60,47 @@ TEST_F(Edicao, DoesNotBeginWhereNothingCanBeEdited) {
 TEST_F(Edicao, APasteBeyondTheLimitIsCutAtTheEnd) {
     Linha(TEXTO, Valores({u""}), 4);
     Clicar(0, 1);
-    Editor()->SendMessage(WM_CHAR, 'a');
-    static_cast<CEdit*>(Editor())->ReplaceSel(u"bcdefgh");
+    Digitar("a");
+    QApplication::clipboard()->setText("bcdefgh");
+    Tecla(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(TextoDoEditor(), "abcdefgh");
     dialogo.antes.SetFocus();
     EXPECT_EQ(Texto(0), "abcd");
 }
 
-TEST_F(Edicao, ScrollingEndsIt) {
+// The cell moves away under its editor, so the edit ends before.
+TEST_F(Edicao, WhatMovesTheCellsEndsIt) {
+    const auto place = [this] {
+        CRect cell;
+        lista.GetSubItemRect(1, 1, LVIR_LABEL, cell);
+        return cell;
+    };
+    const std::function<void()> ways[] = {
+        [this] {
+            Rolar({0, -120});
+        },
+        [this] {
+            Rolar({-120, 0});
+        },
+        [this] { Area().verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd); },
+        [this] { Area().horizontalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum); },
+        [this] { ArrastarColuna(); },
+    };
+    lista.AddColumn(u"Wide", 600, false);
     LinhasDeTexto(40);
-    Clicar(1, 1);
-    Digitar("typed");
-    Rolar();
-    EXPECT_EQ(Editor(), nullptr);
-    EXPECT_EQ(Texto(1), "typed");
-    EXPECT_GT(lista.GetTopIndex(), 0);
+    for (const auto& way : ways) {
+        SCOPED_TRACE(&way - ways);
+        lista.EnsureVisible(0, FALSE);
+        lista.ScrollToColumn(0, false);
+        Clicar(1, 1);
+        Digitar("typed");
+        const CRect before = place();
+        way();
+        EXPECT_EQ(Editor(), nullptr);
+        EXPECT_EQ(Texto(1), "typed");
+        EXPECT_NE(place(), before);
+        lista.SetValor(1, 1, u"");
+    }
 }
 
 TEST_F(Edicao, GoesToAllSelectedRows) {

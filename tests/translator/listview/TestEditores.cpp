@@ -7,6 +7,7 @@
 #include "platform/window/CComboBox.h"
 #include "platform/window/qt/WindowHandle.h"
 #include "tests/translator/listview/Bancada.h"
+#include "translator/listview/CIListViewEditItem.h"
 #include "translator/listview/Cores.h"
 
 using namespace bancada;
@@ -96,6 +97,9 @@ TEST_F(Editores, ProposalsKeepTheTextTypedLastAtTheirHead) {
     EXPECT_EQ(Propostas("new"), "a|new|1");
     Linha(TEXTO_PROPOSTAS, Valores({u"a"}), 3);
     EXPECT_EQ(Propostas("toolong"), "a|too|1");
+    Linha(TEXTO_PROPOSTAS, Valores({u"longer"}), 3);
+    Clicar(4, 1);
+    EXPECT_EQ(TextoDoEditor(), "longer") << "the limit is for what is typed";
 }
 
 TEST_F(Editores, ProposalsNavigateLikeTheOthers) {
@@ -154,6 +158,7 @@ TEST_F(Editores, TheFileButtonWritesTheName) {
     ResponderArquivo(desenho);
     ClicarBotaoDoEditor();
     EXPECT_EQ(filtroVisto.toStdString(), "Drawings( *.dwg );;");
+    EXPECT_EQ(pastaVista.toStdString(), KV_SOURCE_DIR "/docs") << "a path of the file system";
     EXPECT_EQ(TextoDoEditor(), "ascii_r12_tail") << "still open, without path and ending";
     EXPECT_EQ(dialogo.ouvido, Ouvido{"begin"});
     ResponderArquivo({});
@@ -167,6 +172,39 @@ TEST_F(Editores, TheFileButtonWritesTheName) {
     ResponderArquivo(desenho);
     ClicarBotaoDoEditor();
     EXPECT_EQ(TextoDoEditor(), QString(desenho).replace('/', '\\').toStdString());
+}
+
+TEST_F(Editores, AreReadAsTheirColumn) {
+    for (const int32_t kind : {LISTA, TEXTO, ARQUIVO, TEXTO_PROPOSTAS, COR}) {
+        Linha(kind, Valores({u"1"}));
+        Clicar(lista.GetItemCount() - 1, 1);
+        for (const UINT id : {kIdCombo, kIdEdit, kIdBotao}) {
+            CWnd* part = lista.GetDlgItem(id);
+            EXPECT_EQ(part ? WidgetOf(part)->accessibleName() : "Value", "Value") << kind;
+        }
+        EXPECT_NE(Editor(), nullptr);
+        dialogo.antes.SetFocus();
+    }
+}
+
+// The button belongs to the editor: the focus may go there, and from there to anywhere else it
+// ends.
+TEST_F(Editores, LeavingTheirButtonEndsThem) {
+    for (const int32_t kind : {ARQUIVO, ARQUIVO_COMPLETO, COR}) {
+        const int row = lista.GetItemCount();
+        Linha(kind, Valores({u""}));
+        for (CWnd* next : {static_cast<CWnd*>(&lista), static_cast<CWnd*>(&dialogo.depois)}) {
+            Clicar(row, 1);
+            Digitar("12");
+            lista.GetDlgItem(kIdBotao)->SetFocus();
+            EXPECT_NE(lista.GetDlgItem(kIdEdit), nullptr);
+            next->SetFocus();
+            EXPECT_EQ(lista.GetDlgItem(kIdEdit), nullptr);
+            EXPECT_EQ(lista.GetDlgItem(kIdBotao), nullptr);
+            EXPECT_EQ(Texto(row), "12");
+            EXPECT_EQ(lista.editando, 0);
+        }
+    }
 }
 
 TEST_F(Editores, AFileNameThatIsTooLongIsRefused) {

@@ -24,11 +24,13 @@ void ITradutorProj::CarregarDicionario() {
     if (!traducoes) {
         traducaoTQ::GarantirDicionario(*this);
     } else {
+        // Read before anything else, also when there is nothing to do with it.
+        const auto novos = traducaoTQ::IBDIdiomas().GetTerms();
         const int selecao = listaDestino.GetCurSel();
         if (selecao == CB_ERR) return;
         // Both numbers count other lists than the columns do: one all languages, one those of the
         // target list, which lacks the source. They are taken as they stand; this is meant.
-        traducaoTQ::AtualizarColuna(*this, static_cast<size_t>(indiceIdiomaProjeto),
+        traducaoTQ::AtualizarColuna(*this, novos.get(), static_cast<size_t>(indiceIdiomaProjeto),
                                     static_cast<size_t>(selecao));
     }
     AtualizarDasListas();

@@ -1,7 +1,6 @@
 // The save of the dictionary editor: the grid compared with the terms as they were read. Rows and
 // terms are matched by key alone, so the order of the rows does not matter.
 #include <unordered_map>
-#include <unordered_set>
 
 #include "translator/dialogs/ui/IEdicaoDicionario.h"
 
@@ -48,26 +47,29 @@ bool IEdicaoDicionario::LinhaDifere(int linha, const structTermo& termo) const {
     return false;
 }
 
+// The key of a row is that of its term, as AcrescentarLinha has written it.
 IEdicaoDicionario::Diferencas IEdicaoDicionario::CompararComLista() const {
-    std::unordered_map<TQString, const structTermo*> termos;
-    for (const structTermo& termo : traducoes->terms)
-        termos.emplace(TQString(termo.key, 1), &termo);
+    const std::vector<structTermo>& termos = traducoes->terms;
+    std::unordered_map<int32_t, size_t> posicoes;
+    for (size_t i = 0; i < termos.size(); ++i) posicoes.emplace(termos[i].key, i);
+    std::vector<bool> temLinha(termos.size());
     Diferencas diferencas;
-    std::unordered_set<TQString> chaves;
     for (int linha = 0; linha < lista.GetItemCount(); ++linha) {
         const TQString chave = lista.GetChave(linha, 0);
-        chaves.insert(chave);
         if (chave == kChaveNova) {
             diferencas.linhasNovas.push_back(linha);
             continue;
         }
-        const auto achado = termos.find(chave);
-        if (achado == termos.end() || !LinhaDifere(linha, *achado->second)) continue;
+        const auto achado = posicoes.find(chave.ToInt());
+        if (achado == posicoes.end()) continue;
+        temLinha[achado->second] = true;
+        const structTermo& termo = termos[achado->second];
+        if (!LinhaDifere(linha, termo)) continue;
         diferencas.linhasAlteradas.push_back(linha);
-        diferencas.termosAlterados.push_back(*achado->second);
+        diferencas.termosAlterados.push_back(termo);
     }
-    for (const structTermo& termo : traducoes->terms) {
-        if (!chaves.count(TQString(termo.key, 1))) diferencas.termosRemovidos.push_back(termo);
+    for (size_t i = 0; i < termos.size(); ++i) {
+        if (!temLinha[i]) diferencas.termosRemovidos.push_back(termos[i]);
     }
     return diferencas;
 }

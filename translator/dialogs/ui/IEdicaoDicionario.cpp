@@ -5,6 +5,7 @@
 #include "platform/window/CDataExchange.h"
 #include "translator/dialogs/ui/CelulaDeTexto.h"
 #include "translator/dialogs/ui/Controles.h"
+#include "translator/dialogs/ui/ControlesDosEditores.h"
 #include "translator/dialogs/ui/Mensagens.h"
 #include "translator/dialogs/ui/OrdemDeLista.h"
 
@@ -12,21 +13,11 @@ namespace {
 
 using enum ControlKind;
 
-enum Controles : int {
-    kBotaoOK = 209,
-    kBotaoCancelar = 210,
-    kBotaoAplicar = 211,
-    kBotaoAdicionar = 219,
-    kBotaoRemover = 220,
-    kLista = 221,
-    kRotuloLista = 265,
-};
-
 constexpr unsigned kModeloEdicaoDicionario = 207;
 
 constexpr DialogControl kControles[] = {
     {LeftText, kRotuloLista, u"Lista de Termos:", 10, 7, 114, 8},
-    {ListView, kLista, u"", 10, 19, 352, 195, LVS_REPORT | LVS_SINGLESEL | WS_BORDER},
+    {ListView, kListaTermos, u"", 10, 19, 352, 195, LVS_REPORT | LVS_SINGLESEL | WS_BORDER},
     {PushButton, kBotaoAdicionar, u"Adicionar", 10, 222, 50, 14},
     {PushButton, kBotaoRemover, u"Remover", 64, 222, 50, 14},
     {PushButton, kBotaoOK, u"OK", 204, 222, 50, 14},
@@ -67,7 +58,7 @@ ON_BN_CLICKED(kBotaoAplicar, &IEdicaoDicionario::BotaoAplicar)
 ON_BN_CLICKED(kBotaoCancelar, &IEdicaoDicionario::BotaoCancelar)
 ON_BN_CLICKED(kBotaoAdicionar, &IEdicaoDicionario::Adicionar)
 ON_BN_CLICKED(kBotaoRemover, &IEdicaoDicionario::Remover)
-ON_NOTIFY(LVN_COLUMNCLICK, kLista, &IEdicaoDicionario::OrdenarColuna)
+ON_NOTIFY(LVN_COLUMNCLICK, kListaTermos, &IEdicaoDicionario::OrdenarColuna)
 END_MESSAGE_MAP()
 
 IEdicaoDicionario::IEdicaoDicionario(CWnd* pai) : CIResizableDialog(kModeloEdicaoDicionario, pai) {
@@ -82,7 +73,7 @@ void IEdicaoDicionario::DoDataExchange(CDataExchange* troca) {
     DDX_Control(troca, kBotaoCancelar, btnCancelar);
     DDX_Control(troca, kBotaoAdicionar, btnAdicionar);
     DDX_Control(troca, kBotaoRemover, btnRemover);
-    DDX_Control(troca, kLista, lista);
+    DDX_Control(troca, kListaTermos, lista);
 }
 
 BOOL IEdicaoDicionario::OnInitDialog() {
@@ -109,6 +100,7 @@ void IEdicaoDicionario::PreencherLista() {
     for (const TQString& idioma : traducoes->languages) {
         lista.AddColumn(idioma, kLarguraColuna, false);
     }
+    lista.SetItemCount(static_cast<int>(traducoes->terms.size()));
     for (const structTermo& termo : traducoes->terms) {
         AcrescentarLinha(TQString(termo.key, 1), termo.translations, limite);
     }

@@ -4,25 +4,18 @@
 #include "platform/window/CDataExchange.h"
 #include "translator/dialogs/ui/CelulaDeTexto.h"
 #include "translator/dialogs/ui/Controles.h"
+#include "translator/dialogs/ui/ControlesDosEditores.h"
 #include "translator/dialogs/ui/Mensagens.h"
 
 namespace {
 
 using enum ControlKind;
 
-enum Controles : int {
-    kBotaoOK = 209,
-    kBotaoCancelar = 210,
-    kBotaoAplicar = 211,
-    kLista = 218,
-    kRotuloLista = 265,
-};
-
 constexpr unsigned kModeloEdicaoIdiomas = 4;
 
 constexpr DialogControl kControles[] = {
     {LeftText, kRotuloLista, u"Lista de Idiomas:", 7, 7, 137, 8},
-    {ListView, kLista, u"", 7, 18, 222, 173, LVS_REPORT | LVS_SINGLESEL | WS_BORDER},
+    {ListView, kListaIdiomas, u"", 7, 18, 222, 173, LVS_REPORT | LVS_SINGLESEL | WS_BORDER},
     {PushButton, kBotaoOK, u"OK", 75, 197, 50, 14},
     {PushButton, kBotaoAplicar, u"Aplicar", 127, 197, 50, 14},
     {PushButton, kBotaoCancelar, u"Cancel", 179, 197, 50, 14},
@@ -55,7 +48,7 @@ IEdicaoIdiomas::IEdicaoIdiomas(CWnd* pai) : CDialog(kModeloEdicaoIdiomas, pai) {
 
 void IEdicaoIdiomas::DoDataExchange(CDataExchange* troca) {
     CDialog::DoDataExchange(troca);
-    DDX_Control(troca, kLista, lista);
+    DDX_Control(troca, kListaIdiomas, lista);
     CarregarTextos();
     lista.AddColumn(tituloIdioma, kLarguraNome, false);
     lista.AddColumn(tituloUso, kLarguraUso, false);

@@ -1,0 +1,272 @@
+// The walk through two files side by side.
+#include "apps/cli/CertificateComparison.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "apps/cli/Failure.h"
+#include "platform/text/Conversion.h"
+
+namespace cli {
+
+namespace {
+
+constexpr size_t kBlock = size_t{1} << 22;
+
+size_t CommonPrefix(std::string_view a, std::string_view b) {
+    const size_t most = std::min(a.size(), b.size());
+    size_t equal = 0;
+    for (const size_t step : {1024, 128, 16}) {
+        while (equal + step <= most && std::memcmp(a.data() + equal, b.data() + equal, step) == 0) {
+            equal += step;
+        }
+    }
+    while (equal < most && a[equal] == b[equal]) ++equal;
+    return equal;
+}
+
+// The fields of a string in the xdata of a wire or a virtual attribute; empty ones do not count.
+std::vector<std::u16string_view> Fields(std::u16string_view text) {
+    std::vector<std::u16string_view> fields;
+    while (!text.empty()) {
+        const size_t end = std::min(text.find(u'\f'), text.size());
+        if (end > 0) fields.push_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return fields;
+}
+
+std::u16string_view Trimmed(std::u16string_view text) {
+    return text::TrimLeft(text::TrimRight(text));
+}
+
+std::string_view WithoutBlanks(std::string_view raw) {
+    while (!raw.empty() && raw.front() == ' ') raw.remove_prefix(1);
+    while (!raw.empty() && raw.back() == ' ') raw.remove_suffix(1);
+    return raw;
+}
+
+// Tells of most texts without decoding them; false says nothing.
+bool SamePlainText(std::string_view raw, std::u16string_view text) {
+    return std::equal(raw.begin(), raw.end(), text.begin(), text.end(), [](char c, char16_t unit) {
+        return c >= ' ' && c <= '~' && c != '^' && c != '\\' && static_cast<char16_t>(c) == unit;
+    });
+}
+
+struct ByHandle {
+    bool operator()(const ExpectedText& a, const ExpectedText& b) const {
+        return a.handle < b.handle;
+    }
+    bool operator()(const ExpectedText& a, uint64_t b) const { return a.handle < b; }
+    bool operator()(uint64_t a, const ExpectedText& b) const { return a < b.handle; }
+};
+
+}  // namespace
+
+void SortByHandle(std::vector<ExpectedText>& texts) {
+    if (!std::is_sorted(texts.begin(), texts.end(), ByHandle())) {
+        std::sort(texts.begin(), texts.end(), ByHandle());
+    }
+}
+
+Comparison::Comparison(const dxf::Store& store, std::string_view after,
+                       const Expectation& expectation, Stretch stretch, Passed passed)
+    : store(store),
+      before(store.Original().substr(0, stretch.beforeEnd)),
+      after(after.substr(0, stretch.afterEnd)),
+      format(GroupFormatOf(before, store.FileFormat())),
+      texts(expectation.texts),
+      found(texts.size(), false),
+      records(store, expectation.recordKeys, expectation.wires),
+      passed(std::move(passed)),
+      first(stretch.first),
+      last(stretch.last),
+      b(stretch.beforeBegin),
+      a(stretch.afterBegin),
+      index(stretch.first) {}
+
+void Comparison::Other(const std::string& where) {
+    if (result.others++ == 0) result.firstOther = where;
+}
+
+void Comparison::OtherIn(const RawRecord& record, const char* what) {
+    Other(std::string(record.type) + " " + HexHandle(record.handle) + " " + what);
+}
+
+// A record that the file before has under no index: its handle is new.
+bool Comparison::IsNew(uint64_t handle) const {
+    if (handle == 0) return false;
+    const dxf::RecordIndex known = store.FindHandle(handle);
+    return known == dxf::kNoRecord || known >= store.FileCount();
+}
+
+// Moves both positions to the record that holds the next difference; false when there is none.
+bool Comparison::SkipEqual() {
+    size_t equal = 0;
+    for (;;) {
+        const size_t here =
+            CommonPrefix(before.substr(b + equal, kBlock), after.substr(a + equal, kBlock));
+        equal += here;
+        if (here < kBlock) break;
+        passed(b + equal, a + equal);
+    }
+    if (b + equal == before.size() && a + equal == after.size()) return false;
+    if (first == last || b + equal < Start(first)) {
+        Other("the lines ahead of the first group");
+        return false;
+    }
+    while (index + 1 < last && Start(index + 1) <= b + equal) ++index;
+    a += Start(index) - b;
+    b = Start(index);
+    return true;
+}
+
+// Groups were added behind a record that is otherwise equal: it is that one that changed.
+bool Comparison::StepBack() {
+    if (index == first) return false;
+    const size_t difference = a;
+    --index;
+    a -= b - Start(index);
+    b = Start(index);
+    return ReadRecord(before, b, format, oldRecord) && ReadRecord(after, a, format, newRecord) &&
+           newRecord.end > difference;
+}
+
+// Compares what begins at the two positions and moves behind it; false when the rest cannot be
+// brought together any more.
+bool Comparison::Differ() {
+    if (!ReadRecord(before, b, format, oldRecord)) return Other("an unreadable group"), false;
+    if (a == after.size()) return OtherIn(oldRecord, "is missing, and all behind it"), false;
+    if (!ReadRecord(after, a, format, newRecord) && !StepBack()) {
+        return Other("an unreadable group"), false;
+    }
+    if (oldRecord.type == newRecord.type && oldRecord.handle == newRecord.handle) {
+        return CompareChanged(index);
+    }
+    const bool structure =
+        newRecord.handle == 0 && oldRecord.handle == 0 && newRecord.type != "EOF";
+    if (IsNew(newRecord.handle) || structure) {
+        if (!records.Added(newRecord)) OtherIn(newRecord, "was added");
+        a = newRecord.end;
+        return true;
+    }
+    if (!records.Removed(oldRecord)) OtherIn(oldRecord, "is missing");
+    if (index + 1 >= last) {
+        if (a != after.size()) OtherIn(oldRecord, "is missing, and all behind it");
+        return false;
+    }
+    b = Start(++index);
+    return true;
+}
+
+bool Comparison::CompareChanged(dxf::RecordIndex record) {
+    const uint64_t handle = store.At(record).handle;
+    if (std::binary_search(texts.begin(), texts.end(), handle, ByHandle())) {
+        CompareTexts(handle);
+    } else if (!(oldRecord.items == newRecord.items) && !records.Changed(oldRecord, newRecord)) {
+        OtherIn(oldRecord, "differs");
+    }
+    a = newRecord.end;
+    if (index + 1 < last) {
+        b = Start(++index);
+        return true;
+    }
+    b = oldRecord.end;
+    if (before.substr(b) != after.substr(a)) Other("the lines behind the last group");
+    return false;
+}
+
+void Comparison::CompareTexts(uint64_t handle) {
+    const size_t count = std::max(oldRecord.items.size(), newRecord.items.size());
+    for (size_t i = 0; i < count; ++i) {
+        if (i >= oldRecord.items.size() || i >= newRecord.items.size()) {
+            return OtherIn(oldRecord, "has other groups");
+        }
+        const Item& old = oldRecord.items[i];
+        const Item& now = newRecord.items[i];
+        if (old == now) continue;
+        if (!IsExpected(handle, old, now)) {
+            OtherIn(oldRecord, ("differs in group " + std::to_string(old.code)).c_str());
+        }
+    }
+}
+
+bool Comparison::IsExpected(uint64_t handle, const Item& old, const Item& now) {
+    if (old.code != now.code || old.xdata != now.xdata) return false;
+    const auto [first, last] = std::equal_range(texts.begin(), texts.end(), handle, ByHandle());
+    for (auto text = first; text != last; ++text) {
+        const auto position = static_cast<size_t>(text - texts.begin());
+        // Each string of xdata takes an expected text of its own; an attribute with a text of
+        // several lines inside holds its one text twice.
+        if ((found[position] && text->xdata) || !Matches(*text, old, now)) continue;
+        found[position] = true;
+        return true;
+    }
+    return false;
+}
+
+// The text as the codec reads it back, or as it writes it: a text that looks like an escape is read
+// as what the escape stands for. In an mtext a line feed is written as \P.
+bool Comparison::HoldsText(const Item& item, std::u16string_view text) const {
+    if (SamePlainText(item.value, text)) return true;
+    const std::u16string now = store.Codec().Decode(item.value);
+    if (now == text || store.Codec().Encode(text) == item.value) return true;
+    if (newRecord.type != "MTEXT") return false;
+    std::u16string paragraphs;
+    for (const char16_t unit : text) {
+        if (unit == u'\n') {
+            paragraphs += u"\\P";
+        } else {
+            paragraphs += unit;
+        }
+    }
+    return now == paragraphs;
+}
+
+bool Comparison::HeldText(const Item& item, std::u16string_view text) const {
+    return SamePlainText(WithoutBlanks(item.value), text) ||
+           Trimmed(store.Codec().Decode(item.value)) == text;
+}
+
+bool Comparison::Matches(const ExpectedText& text, const Item& old, const Item& now) const {
+    if (text.xdata != old.xdata) return false;
+    if (!text.xdata)
+        return old.code == 1 && HeldText(old, text.before) && HoldsText(now, text.after);
+    const std::u16string was = store.Codec().Decode(old.value);
+    const std::u16string is = store.Codec().Decode(now.value);
+    const auto wasFields = Fields(was), isFields = Fields(is);
+    return wasFields.size() > 1 && isFields.size() > 1 && wasFields[0] == isFields[0] &&
+           Trimmed(wasFields[1]) == text.before && isFields[1] == text.after &&
+           (isFields.size() < 3 || (wasFields.size() > 2 && wasFields[2] == isFields[2]));
+}
+
+// An expected text that nothing in the new file shows is a difference too. A text that is the same
+// before and after cannot show.
+Certificate Comparison::Conclude() {
+    for (size_t i = 0; i < texts.size(); ++i) {
+        if (found[i]) {
+            ++result.strings;
+        } else if (texts[i].before != texts[i].after) {
+            Other("object " + HexHandle(texts[i].handle) + " does not hold its new text");
+        }
+    }
+    for (const uint64_t handle : records.Misplaced()) {
+        Other("object " + HexHandle(handle) + " was written outside the records");
+    }
+    if (records.CountersAlone()) Other("the header or a table counts objects that are not there");
+    result.records = records.Count();
+    return std::move(result);
+}
+
+void Comparison::Run() {
+    while (SkipEqual() && Differ()) passed(b, a);
+}
+
+void Comparison::Add(const Comparison& next) {
+    for (size_t i = 0; i < found.size(); ++i) found[i] = found[i] || next.found[i];
+    if (result.others == 0) result.firstOther = next.result.firstOther;
+    result.others += next.result.others;
+    records.Add(next.records);
+}
+
+}  // namespace cli

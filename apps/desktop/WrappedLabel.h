@@ -1,0 +1,31 @@
+// Plain text of several lines that claims the height it needs: the toolkit's layouts cut it.
+#pragma once
+
+#include <QLabel>
+
+namespace desktop {
+
+class WrappedLabel : public QLabel {
+  public:
+    explicit WrappedLabel(const QString& text = {}, QWidget* parent = nullptr)
+        : QLabel(text, parent) {
+        setTextFormat(Qt::PlainText);
+        setWordWrap(true);
+    }
+    void Show(const QString& text) {
+        setText(text);
+        show();
+        ClaimHeight();
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QLabel::resizeEvent(event);
+        ClaimHeight();
+    }
+
+  private:
+    void ClaimHeight() { setMinimumHeight(heightForWidth(width())); }
+};
+
+}  // namespace desktop
