@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QString>
-#include <vector>
+#include <span>
 
 namespace desktop {
 
@@ -20,6 +20,6 @@ void InstallTexts(int languageIndex);
 struct TextRow {
     const char *english, *german, *portuguese;
 };
-const std::vector<TextRow>& AllTexts();
+std::span<const TextRow> AllTexts();
 
 }  // namespace desktop
