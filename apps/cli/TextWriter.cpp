@@ -29,6 +29,25 @@ void DropUntranslatedLines(TranslationTable& table) {
     }
 }
 
+// An object of a translated line; places are numbered in the order of the lines.
+struct Place {
+    uint64_t handle;
+    ETraduzivel* object;
+    uint32_t line, number;
+};
+
+std::vector<Place> PlacesOf(const TranslationTable& table) {
+    std::vector<Place> places;
+    places.reserve(table.objects->size());
+    for (uint32_t line = 0; line < table.Lines().size(); ++line) {
+        for (ETraduzivel* object : table.Lines()[line]->objetos) {
+            const auto number = static_cast<uint32_t>(places.size());
+            places.push_back({HandleOf(*object), object, line, number});
+        }
+    }
+    return places;
+}
+
 class TextWriter {
   public:
     TextWriter(OdDbDatabase& drawing, const OnWritten& onWritten,
@@ -37,25 +56,30 @@ class TextWriter {
         result.texts.reserve(count);
     }
 
-    void Write(ETraduzivel& object, const structExpressao& line) {
+    void Write(const Place& place, const structExpressao& line) {
+        ETraduzivel& object = *place.object;
         // References of one block show the same text.
         const TQString& key = object.GetChave();
         if (IsBlockText(object) && !blockTexts.insert(key).second) return;
         try {
-            const ReadBack place(store, object, line);
+            const ReadBack written(store, object, line);
             object.SetTexto(line.traducao);
-            if (!place.Holds()) return Report(object, line, ReasonNotFound(object));
+            if (!written.Holds()) return Report(place, line, ReasonNotFound(object));
         } catch (const OdError& error) {
             if (error.code() != eStringTooLong) throw;
             standIns.PutBack(object, line);
-            return Report(object, line, error.description().narrowText());
+            return Report(place, line, error.description().narrowText());
         }
         result.texts.push_back({HandleOf(object), IsXdata(object), line.original, line.traducao});
         const std::string remark = onWritten ? onWritten(object, line) : std::string();
-        if (!remark.empty()) Report(object, line, remark);
+        if (!remark.empty()) Report(place, line, remark);
     }
 
-    Written Take() { return std::move(result); }
+    Written Take() {
+        std::ranges::sort(reports, {}, &std::pair<uint32_t, Unwritten>::first);
+        for (auto& [number, report] : reports) result.unwritten.push_back(std::move(report));
+        return std::move(result);
+    }
 
   private:
     static const char* ReasonNotFound(const ETraduzivel& object) {
@@ -69,35 +93,20 @@ class TextWriter {
         }
     }
 
-    void Report(const ETraduzivel& object, const structExpressao& line, const std::string& reason) {
-        result.unwritten.push_back({std::string(traducaoTQ::NomeTipo(object.GetTipo())),
-                                    Utf8(object.GetChave()), Utf8(line.original), reason});
+    void Report(const Place& place, const structExpressao& line, const std::string& reason) {
+        const ETraduzivel& object = *place.object;
+        reports.push_back({place.number,
+                           {std::string(traducaoTQ::NomeTipo(object.GetTipo())),
+                            Utf8(object.GetChave()), Utf8(line.original), reason}});
     }
 
     const dxf::Store& store;  // asked for once: the drawing writes its dictionaries out for it
     const OnWritten& onWritten;
     const StandIns standIns;
-    std::unordered_set<std::u16string> blockTexts;  // keys
+    std::unordered_set<std::u16string> blockTexts;        // keys
+    std::vector<std::pair<uint32_t, Unwritten>> reports;  // by the number of the place
     Written result;
 };
-
-// An object and the line that it is an object of.
-struct Place {
-    uint64_t handle;
-    ETraduzivel* object;
-    const structExpressao* line;
-};
-
-std::vector<Place> PlacesOf(const TranslationTable& table) {
-    std::vector<Place> places;
-    places.reserve(table.objects->size());
-    for (const auto& line : table.Lines()) {
-        for (ETraduzivel* object : line->objetos) {
-            places.push_back({HandleOf(*object), object, line.get()});
-        }
-    }
-    return places;
-}
 
 }  // namespace
 
@@ -110,7 +119,7 @@ Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritt
     if (!onWritten) std::ranges::stable_sort(places, {}, &Place::handle);
     TextWriter writer(drawing, onWritten, table.Lines(), places.size());
     for (size_t done = 0; done < places.size(); ++done) {
-        writer.Write(*places[done].object, *places[done].line);
+        writer.Write(places[done], *table.Lines()[places[done].line]);
         if (done % 1024 == 0) {
             progress.Reached(static_cast<double>(done) / static_cast<double>(places.size()));
         }
