@@ -76,7 +76,8 @@ class Bench:
         self.folder = build / "bench"
         self.folder.mkdir(parents=True, exist_ok=True)
         self.report = Report()
-        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view", "painter_bench"):
+        for name in ("kelvara", "dxf_bench", "dictionary_bench", "list_view", "painter_bench",
+                     "desktop_bench"):
             if not (self.programs / name).exists():
                 raise Failure(f"{self.programs / name} is not there: configure with -DKV_BENCH=ON "
                               "and build")
@@ -212,6 +213,9 @@ class Bench:
         build = median(5, lambda: Run([self.programs / "painter_bench", "build", drawing]))
         print(build.out, end="")
         self.report.at_most("reading and display list over kelvara info", build.user / info.user, 2)
+        opened = median(5, lambda: Run([self.programs / "desktop_bench", drawing]))
+        print(opened.out, end="")
+        self.report.at_most("a drawing on the screen over kelvara info", opened.user / info.user, 3)
         run = Run([self.programs / "painter_bench", "repaint"])
         print(run.out, end="")
         ours, theirs = (float(time) for time in re.findall(r"([\d.]+) ms", run.out))

@@ -3,29 +3,17 @@
 
 #include <exception>
 
+#include "host/FailureLine.h"
 #include "platform/drawing/StaticRxObject.h"
 #include "platform/kernel/KVServices.h"
 #include "platform/kernel/MxCommandContext.h"
 #include "platform/kernel/MxSystemServices.h"
-#include "platform/text/Conversion.h"
 
 namespace host {
 
 namespace {
 
 using Context = OdStaticRxObject<CMxCommandContext>;
-
-std::u16string LineOf(const std::exception_ptr& failure) {
-    try {
-        std::rethrow_exception(failure);
-    } catch (const OdError& error) {
-        return error.description().text();
-    } catch (const std::exception& error) {
-        return text::WideFromNarrow(error.what());
-    } catch (...) {
-        return u"unknown exception";
-    }
-}
 
 // Runs work and gives what it raises, null after success.
 std::exception_ptr FailureOf(const std::function<void()>& work) {
@@ -63,7 +51,7 @@ CommandOutcome CommandRunner::Run(const OdString& name) {
     outcome.failure = u"unknown command " + name.text();
     Context context(document);
     const auto raised = FailureOf([&] { odedRegCmds()->fireUnknownCommand(name, &context); });
-    if (raised) electricalLog(name.text() + u" : " + LineOf(raised), document);
+    if (raised) electricalLog(name.text() + u" : " + FailureLine(raised), document);
     ShowToUser(outcome.failure);
     return outcome;
 }
@@ -73,7 +61,7 @@ std::u16string CommandRunner::Attempt(CommandOutcome& outcome,
     const std::exception_ptr failure = FailureOf(work);
     outcome.done = !failure;
     if (!failure) return {};
-    outcome.failure = LineOf(failure);
+    outcome.failure = FailureLine(failure);
     return explain ? explain(failure) : std::u16string();
 }
 
@@ -98,7 +86,7 @@ CommandOutcome CommandRunner::RunGuarded(CKVCommand& command, Document* document
         else
             odedRegCmds()->fireCommandFailed(name, &after);
     });
-    if (raised) Report(name, LineOf(raised), {}, document);
+    if (raised) Report(name, FailureLine(raised), {}, document);
     return outcome;
 }
 

@@ -19,7 +19,8 @@ constexpr int kBarWidth = 40;
 }  // namespace
 
 Progress::Progress(const GeneralOptions& options)
-    : shows(!options.quiet && (options.progress || isatty(STDERR_FILENO) != 0)),
+    : patience(options.progress ? 0s : kPatience),
+      shows(!options.quiet && (options.progress || isatty(STDERR_FILENO) != 0)),
       tells(options.verbose) {}
 
 Progress::~Progress() { End(); }
@@ -50,7 +51,7 @@ void Progress::Phase(const std::string& name) {
 void Progress::Reached(double fraction) {
     if (!shows) return;
     const auto now = Clock::now();
-    if (now - begin < kPatience || (drawn && now - last < kPace)) return;
+    if (now - begin < patience || (drawn && now - last < kPace)) return;
     last = now;
     Draw(std::clamp(fraction, 0.0, 1.0));
 }

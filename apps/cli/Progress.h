@@ -27,6 +27,7 @@ class Progress {
     void Draw(double fraction);
     void TellDuration() const;
 
+    std::chrono::seconds patience;
     bool shows, tells;
     bool drawn = false;
     std::string phase;

@@ -8,7 +8,7 @@
 #include "apps/desktop/FailureText.h"
 #include "apps/desktop/LispWatch.h"
 #include "apps/desktop/Texts.h"
-#include "host/Error.h"
+#include "host/FailureLine.h"
 #include "host/lisp/Interpreter.h"
 
 namespace desktop {
@@ -126,6 +126,7 @@ bool Desktop::Run(const QString& command) {
         return false;
     }
     const Busy working(busy);
+    const LispWatch::Running running(*watch);
     const bool done = host->Runner().Run(name).done;
     TellChanged();
     return done;
@@ -140,7 +141,7 @@ void Desktop::Evaluate(const QString& source) {
     try {
         line = lisp.Print(lisp.Evaluate(source.toStdU16String()));
     } catch (...) {
-        line = u"; " + PlainFailureText(std::current_exception());
+        line = u"; " + host::FailureLine(std::current_exception());
     }
     if (!line.empty()) Print(line + u"\n");
     TellChanged();

@@ -6,7 +6,6 @@
 #include "platform/drawing/DbBlockReference.h"
 #include "platform/drawing/DbText.h"
 #include "platform/drawing/OdError.h"
-#include "platform/text/Conversion.h"
 
 namespace desktop {
 
@@ -26,10 +25,9 @@ QString MixedPageText(const OdError_NotThatKindOfClass& error, host::Document& d
     if (entity.isNull()) return {};
     OdDbTextPtr text = OdDbText::cast(entity);
     return Say("The page \"%1\" holds more than block references. The first other object is %2 "
-               "%3%4."
-               "\n\nAttributes can only be read on pages of block references alone. Untick "
+               "%3%4.\n\nAttributes can only be read on pages of block references alone. Untick "
                "\"%5\" in the dialog and read again, or take \"%6\" from the menu, which reads "
-               "such pages too.")
+               "such pages too. \"kelvara switch\" changes the language of such a drawing.")
         .arg(QString::fromStdU16String(entity->layer().text()),
              QString::fromStdU16String(entity->dxfName().text()),
              QString::fromStdU16String(entity->handle().ascii().text()),
@@ -38,18 +36,6 @@ QString MixedPageText(const OdError_NotThatKindOfClass& error, host::Document& d
 }
 
 }  // namespace
-
-std::u16string PlainFailureText(const std::exception_ptr& failure) {
-    try {
-        std::rethrow_exception(failure);
-    } catch (const OdError& error) {
-        return error.description().text();
-    } catch (const std::exception& error) {
-        return text::WideFromNarrow(error.what());
-    } catch (...) {
-        return u"unknown exception";
-    }
-}
 
 std::u16string FailureText(const std::exception_ptr& failure, host::Document* document) {
     try {

@@ -10,9 +10,6 @@ class Document;
 
 namespace desktop {
 
-// The failure's own line, whatever was thrown.
-std::u16string PlainFailureText(const std::exception_ptr& failure);
-
 // For failures that have a way around: where they came from and what helps, in the user's language.
 // Empty for all others.
 std::u16string FailureText(const std::exception_ptr& failure, host::Document* document);

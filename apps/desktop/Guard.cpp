@@ -1,7 +1,7 @@
 // Failures of what the user asked for become a box and a line of the log.
 #include "apps/desktop/Guard.h"
 
-#include "apps/desktop/FailureText.h"
+#include "host/FailureLine.h"
 #include "platform/kernel/KVServices.h"
 #include "platform/kernel/MxSystemServices.h"
 
@@ -12,7 +12,7 @@ bool Guarded(const QString& what, const std::function<void()>& work) {
         work();
         return true;
     } catch (...) {
-        TellFailure(what, QString::fromStdU16String(PlainFailureText(std::current_exception())));
+        TellFailure(what, QString::fromStdU16String(host::FailureLine(std::current_exception())));
         return false;
     }
 }

@@ -3,7 +3,6 @@
 
 #include "apps/desktop/Guard.h"
 #include "apps/desktop/Texts.h"
-#include "host/Dictionary.h"
 
 namespace desktop {
 
@@ -26,15 +25,25 @@ LanguageBox::LanguageBox(Desktop& desktop, QWidget* parent) : QComboBox(parent),
 
 LanguageBox::~LanguageBox() { desktop.Remove(*this); }
 
-// A dictionary that cannot be read is said here and stops nobody.
-void LanguageBox::AddLanguages() {
+void LanguageBox::Opened(host::Document& document) {
+    ReadLanguages();
+    Refresh(&document);
+}
+
+void LanguageBox::Changed(host::Document& document) {
+    if (readable) ReadLanguages();
+    Refresh(&document);
+}
+
+// A dictionary that cannot be read is said in the tip and stops nobody.
+void LanguageBox::ReadLanguages() {
     try {
         host::Dictionary dictionary(desktop.Host().DatabaseUrl(), host::OnMissing::Create);
-        for (const host::Language& language : dictionary.Languages()) {
-            if (language.inUse) addItem(language.description, language.key.toInt());
-        }
+        languages = dictionary.Languages();
+        readable = true;
         setToolTip(Say("Project language"));
     } catch (const std::exception& error) {
+        readable = false;
         setToolTip(QString::fromUtf8(error.what()));
     }
 }
@@ -43,7 +52,9 @@ void LanguageBox::Refresh(host::Document* document) {
     clear();
     setEnabled(document != nullptr);
     if (!document) return;
-    AddLanguages();
+    for (const host::Language& one : languages) {
+        if (one.inUse) addItem(one.description, one.key.toInt());
+    }
     const int language = desktop.Host().ProjectLanguage(*document);
     if (language == kNoLanguage) {
         insertItem(0, Say("Language not set"), kNoLanguage);

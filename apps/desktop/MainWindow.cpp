@@ -112,6 +112,18 @@ void MainWindow::Opened(host::Document& document) {
     tabs->addTab(pane, NameOf(document));
     tabs->setTabToolTip(tabs->indexOf(pane), QString::fromStdString(document.FileName()));
     pane->View().setFocus();
+    TellFindings(document);
+}
+
+// What is remarkable about the file; that it cannot be edited also where the user looks.
+void MainWindow::TellFindings(host::Document& document) {
+    const dxf::Store& store = document.Drawing().store();
+    for (const dxf::Finding& finding : store.Findings()) {
+        QString line = NameOf(document) + ": ";
+        if (finding.line > 0) line += QString::number(finding.line) + ": ";
+        desktop.Print((line + QString::fromStdString(finding.text) + "\n").toStdU16String());
+    }
+    if (store.ReadOnly()) note->setText(Say("%1 can be read but not edited").arg(NameOf(document)));
 }
 
 void MainWindow::Changed(host::Document&) {

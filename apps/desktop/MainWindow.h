@@ -62,6 +62,7 @@ class MainWindow : public QMainWindow, public DocumentListener {
         Needs needs;
     };
 
+    void TellFindings(host::Document& document);
     void MakeTabs();
     void MakeCommandLine();
     void MakeMenu();

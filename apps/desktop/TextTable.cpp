@@ -57,6 +57,8 @@ const std::vector<TextRow>& AllTexts() {
         {"Recent files", "Zuletzt geöffnet", "Arquivos recentes"},
         {"Open %1", "%1 öffnen", "Abrir %1"},
         {"Save %1", "%1 speichern", "Salvar %1"},
+        {"%1 can be read but not edited", "%1 kann gelesen, aber nicht bearbeitet werden",
+         "%1 pode ser lido, mas não editado"},
         {"%1 saved", "%1 gespeichert", "%1 salvo"},
         {"Reading %1…", "%1 wird gelesen…", "Lendo %1…"},
         {"Preparing the view of %1…", "Ansicht von %1 wird vorbereitet…",
@@ -90,18 +92,20 @@ const std::vector<TextRow>& AllTexts() {
         {"The translation commands are not available.",
          "Die Befehle zum Übersetzen stehen nicht zur Verfügung.",
          "Os comandos de tradução não estão disponíveis."},
-        {"The page \"%1\" holds more than block references. The first other object is %2 %3%4."
-         "\n\nAttributes can only be read on pages of block references alone. Untick "
+        {"The page \"%1\" holds more than block references. The first other object is %2 "
+         "%3%4.\n\nAttributes can only be read on pages of block references alone. Untick "
          "\"%5\" in the dialog and read again, or take \"%6\" from the menu, which reads "
-         "such pages too.",
-         "Auf der Seite „%1“ stehen nicht nur Blockreferenzen. Das erste andere Objekt ist %2 %3%4."
-         "\n\nAttribute lassen sich nur auf Seiten lesen, auf denen nichts als Blockreferenzen "
+         "such pages too. \"kelvara switch\" changes the language of such a drawing.",
+         "Auf der Seite „%1“ stehen nicht nur Blockreferenzen. Das erste andere Objekt ist %2 "
+         "%3%4.\n\nAttribute lassen sich nur auf Seiten lesen, auf denen nichts als "
+         "Blockreferenzen "
          "steht. Entfernen Sie im Dialog das Häkchen bei „%5“ und lesen Sie noch einmal, oder "
-         "wählen Sie im Menü „%6“, womit sich auch solche Seiten lesen lassen.",
+         "wählen Sie im Menü „%6“, womit sich auch solche Seiten lesen lassen. Die Sprache einer "
+         "solchen Zeichnung wechselt „kelvara switch“.",
          "A página \"%1\" contém mais do que referências de bloco. O primeiro outro objeto é %2 "
          "%3%4.\n\nOs atributos só podem ser lidos em páginas que contenham apenas referências de "
          "bloco. Desmarque \"%5\" no diálogo e leia novamente, ou use \"%6\" no menu, que também "
-         "lê essas páginas."},
+         "lê essas páginas. \"kelvara switch\" troca o idioma de um desenho assim."},
 
         // Batch
         {"The batch works on the saved file. Save %1 first?",

@@ -3,13 +3,20 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QLibraryInfo>
 #include <QTranslator>
 
 namespace desktop {
 
 namespace {
 
-constexpr int kGerman = 1, kPortuguese = 19;
+struct Language {
+    int index;  // of the interface
+    const char* TextRow::*texts;
+    const char* toolkit;  // file of the toolkit's own texts
+};
+constexpr Language kLanguages[] = {{1, &TextRow::german, "qtbase_de"},
+                                   {19, &TextRow::portuguese, "qtbase_pt_BR"}};
 
 // Answers for every context: the buttons of the toolkit's own boxes are in the table too.
 class TableTranslator : public QTranslator {
@@ -37,10 +44,14 @@ QString Plain(QString menuText) { return menuText.remove('&').remove(QStringLite
 void InstallTexts(int languageIndex) {
     QCoreApplication* const application = QCoreApplication::instance();
     for (QTranslator* former : application->findChildren<QTranslator*>()) delete former;
-    const char* TextRow::*language = languageIndex == kGerman       ? &TextRow::german
-                                     : languageIndex == kPortuguese ? &TextRow::portuguese
-                                                                    : nullptr;
-    if (language) QCoreApplication::installTranslator(new TableTranslator(application, language));
+    for (const Language& language : kLanguages) {
+        if (language.index != languageIndex) continue;
+        // The toolkit's file dialogs, where its translations are installed.
+        auto* toolkit = new QTranslator(application);
+        if (toolkit->load(language.toolkit, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+            QCoreApplication::installTranslator(toolkit);
+        QCoreApplication::installTranslator(new TableTranslator(application, language.texts));
+    }
 }
 
 }  // namespace desktop

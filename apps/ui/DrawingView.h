@@ -27,7 +27,8 @@ class DrawingView : public QWidget {
     void Zoom(double factor);  // about the middle
     void ZoomAt(double factor, QPointF at);
     void Pan(QPoint by);
-    const QTransform& Map() const { return map; }  // drawing units to pixels of the device
+    bool IsExact() const { return pictureMap == map; }  // what is shown is not stretched
+    const QTransform& Map() const { return map; }       // drawing units to pixels of the device
 
     std::function<void(QPointF)> onMove;   // drawing units under the mouse
     std::function<void(uint64_t)> onPick;  // handle of the entity that was clicked, 0 for none

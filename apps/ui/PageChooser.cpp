@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -39,6 +40,8 @@ class ChooserDialog : public QDialog {
         connect(list, &QTreeWidget::itemChanged, this, [this] { Count(); });
         connect(filter, &QLineEdit::textChanged, this,
                 [this](const QString& text) { FilterPageRows(*list, text); });
+        list->resizeColumnToContents(0);  // with its boxes
+        list->setCurrentItem(list->topLevelItem(0));
         Count();
         resize(520, 460);
         filter->setFocus();
@@ -53,7 +56,18 @@ class ChooserDialog : public QDialog {
     }
 
   private:
+    // Styles take the frame of a box from the window's colour, which vanishes in a dark palette.
+    void ShowBoxes() {
+        QPalette colours = list->palette();
+        const QColor text = colours.color(QPalette::Text), base = colours.color(QPalette::Base);
+        colours.setColor(QPalette::Window,
+                         QColor((text.red() + base.red()) / 2, (text.green() + base.green()) / 2,
+                                (text.blue() + base.blue()) / 2));
+        list->setPalette(colours);
+    }
+
     void Arrange() {
+        ShowBoxes();
         filter->setObjectName("filter");
         filter->setPlaceholderText(Say("Filter by name or description"));
         filter->setClearButtonEnabled(true);

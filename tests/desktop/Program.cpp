@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "apps/ui/PageRows.h"
+#include "apps/desktop/Texts.h"
 
 namespace {
 
@@ -30,16 +30,21 @@ desktop::DesktopOptions OptionsIn(const QTemporaryDir& folder, const char* modul
     return options;
 }
 
+QString Start(desktop::Desktop& desktop, int language) {
+    desktop.Settings().SetLanguageIndex(language);
+    desktop::InstallTexts(language);
+    return desktop.LoadModule();
+}
+
 }  // namespace
 
-Program::Program(const char* module)
-    : desktop(OptionsIn(folder, module)), problem(desktop.LoadModule()), window(desktop) {
+Program::Program(const char* module, int language)
+    : desktop(OptionsIn(folder, module)), problem(Start(desktop, language)), window(desktop) {
     const QString examples = KV_SOURCE_DIR "/examples/";
     Kelvara({"db", "init", "--languages", examples + "languages.txt"});
     Kelvara({"db", "import", examples + "dictionary.csv"});
     window.show();
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    Activate();
 }
 
 // What a test leaves unsaved is not asked about.
@@ -60,9 +65,13 @@ QByteArray Program::Read(const QString& path) {
 }
 
 // The platform that shows nothing gives the focus back to nobody when a dialog ends.
-void Program::Press(int key, Qt::KeyboardModifiers modifiers) {
+void Program::Activate() {
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+void Program::Press(int key, Qt::KeyboardModifiers modifiers) {
+    Activate();
     QTest::keyClick(&window, Qt::Key(key), modifiers);
 }
 

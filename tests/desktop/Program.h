@@ -9,11 +9,12 @@
 #include "apps/desktop/MainWindow.h"
 #include "tests/translator/dialogs/Usuario.h"
 
-// The example's dictionary. Texts are in the interface language of the test program, English.
+// With the example's dictionary.
 class Program {
   public:
-    // module: a file name below the folder of libraries; null for the program's own.
-    explicit Program(const char* module = nullptr);
+    // module: a file name below the folder of libraries; null for the program's own. The first
+    // interface language of a process stays the module's: catalogues are read once.
+    explicit Program(const char* module = nullptr, int language = 0);
     ~Program();
 
     QString File(const QString& name) const { return folder.filePath(name); }
@@ -25,6 +26,7 @@ class Program {
     desktop::DocumentPane& Pane() { return *window.PaneOf(desktop.Active()); }
     QString Printed() { return window.GetCommandLine().Printed(); }
 
+    void Activate();
     void Press(int key, Qt::KeyboardModifiers modifiers = {});  // in the window
     void Enter(const QString& line);                            // in the command line
     void ClickPage(const char* name);                           // in the list beside the view

@@ -3,13 +3,16 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QEventLoop>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
+#include <map>
 
 #include "apps/desktop/BatchDialog.h"
+#include "apps/desktop/Texts.h"
 #include "tests/desktop/Program.h"
 
 namespace {
@@ -85,6 +88,45 @@ TEST(Batch, TranslatesTheSavedDrawingCertifiesAndOpensTheResult) {
     EXPECT_EQ(program.Active().FileName(), output.toStdString());
     EXPECT_EQ(program.window.GetLanguageBox().currentText(), "Deutsch");
     EXPECT_THAT(program.Kelvara({"texts", output}), HasSubstr("\tHaupteinspeisung\n"));
+}
+
+TEST(Batch, TellsItsProgressInPhases) {
+    Program program;
+    desktop::BatchOptions options;
+    options.drawing = program.Example("control_panel.dxf");
+    options.output = program.File("out.dxf");
+    options.database = "sqlite:" + program.File("dictionary.db");
+    options.from = "1";
+    options.to = "3";
+    options.pages = {u"PAG01", u"PAG02"};
+    options.attributes = false;
+    desktop::BatchRun run(&program.window);
+    std::map<std::string, int> phases;
+    desktop::BatchOutcome outcome;
+    QEventLoop loop;
+    run.onProgress = [&](const QString& phase, int percent) {
+        phases[phase.toStdString()] = percent;
+    };
+    run.onEnd = [&](const desktop::BatchOutcome& end) {
+        outcome = end;
+        loop.quit();
+    };
+    run.Start(options);
+    loop.exec();
+    EXPECT_TRUE(outcome.done) << outcome.failure.toStdString();
+    EXPECT_TRUE(phases.contains("reading"));
+    for (const auto& [phase, percent] : phases) {
+        EXPECT_TRUE(percent >= 0 && percent <= 100) << phase;
+        EXPECT_NE(desktop::AllTexts().end(),
+                  std::find_if(desktop::AllTexts().begin(), desktop::AllTexts().end(),
+                               [&](const auto& row) { return row.english == phase; }))
+            << phase;
+    }
+    EXPECT_GT(outcome.report["stringsChanged"].toInteger(), 20);
+    EXPECT_EQ(outcome.report["otherValuesChanged"].toInteger(-1), 0);
+    const std::string texts = program.Kelvara({"texts", options.output});
+    EXPECT_THAT(texts, HasSubstr("\tBemessungsspannung\n"));
+    EXPECT_THAT(texts, HasSubstr("\tSaídas do CLP\n")) << "a page that was not chosen";
 }
 
 TEST(Batch, ARunThatFailsSaysWhyAndWritesNothing) {

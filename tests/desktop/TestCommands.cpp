@@ -78,6 +78,8 @@ TEST(CommandLine, RemembersRepeatsAndCompletes) {
     EXPECT_EQ(field.text(), "");
 
     const auto completed = [&](const char* typed) {
+        program.Activate();
+        field.setFocus();
         QTest::keyClicks(&field, typed);
         QTest::keyClick(field.completer()->popup(), Qt::Key_Down);
         QTest::keyClick(field.completer()->popup(), Qt::Key_Tab);

@@ -1,6 +1,7 @@
 // Opening, closing and saving, with the questions that belong to them.
 #include <gmock/gmock.h>
 
+#include <QComboBox>
 #include <QFile>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -92,6 +93,23 @@ TEST(Files, OneThatCannotBeReadIsReported) {
         EXPECT_THAT(shown.toStdString(), HasSubstr(path.toStdString()));
     }
     EXPECT_EQ(program.desktop.Settings().RecentFiles(), QStringList());
+}
+
+TEST(Files, OneThatCannotBeEditedSaysSoAndWhy) {
+    Program program;
+    const QString cut = program.File("cut.dxf");
+    Append(cut,
+           "0\nSECTION\n2\nHEADER\n9\n$"
+           "ACADVER\n1\nAC1015\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nP\n");
+    ASSERT_TRUE(program.window.GetFiles().Open(cut));
+    EXPECT_TRUE(program.Active().Drawing().isReadOnly());
+    EXPECT_FALSE(program.Printed().isEmpty());
+    Usuario user;
+    user.EntaoNoQt(ClickBox(QMessageBox::Ok));
+    QComboBox& language = program.window.GetLanguageBox();
+    user.Durante([&] { QTest::keyClick(&language, Qt::Key_Down); });
+    EXPECT_EQ(language.currentText(), "Language not set");
+    EXPECT_FALSE(program.window.isWindowModified());
 }
 
 TEST(Files, AFileThatAnotherProgramChangedIsOverwrittenOnlyWhenAsked) {

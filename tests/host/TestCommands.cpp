@@ -62,6 +62,8 @@ class CommandTest : public testing::Test {
         options.onMissingDatabase = host::OnMissing::Create;
         options.applicationName = u"Title";
         options.messageBoxes = &boxes;
+        options.explain = [this](const std::exception_ptr&) { return explanation; };
+        options.commandLine = [this](std::u16string_view text) { printed += text; };
         return options;
     }
     void Add(const char16_t* name, std::function<void()> work, bool undoable = true) {
@@ -78,6 +80,7 @@ class CommandTest : public testing::Test {
     Folder folder;
     Boxes boxes;
     Watcher watcher;
+    std::u16string explanation, printed;
     host::Host host;
 };
 
@@ -114,6 +117,32 @@ TEST_F(CommandTest, CommandWithoutADocumentRuns) {
     EXPECT_TRUE(host.Runner().Run(u"WORK").done);
     EXPECT_TRUE(ran);
     EXPECT_EQ(watcher.documents, (std::vector<CMxDocument*>{nullptr, nullptr}));
+}
+
+TEST_F(CommandTest, AnExplanationIsShownAndTheFailureItselfLogged) {
+    Add(u"WORK", [] { throw std::runtime_error("reason"); });
+    for (const char16_t* text : {u"", u"what helps"}) {
+        explanation = text;
+        EXPECT_EQ(host.Runner().Run(u"WORK").failure, u"reason");
+    }
+    EXPECT_EQ(boxes.shown, (std::vector<std::string>{"Title|WORK : reason", "Title|what helps"}));
+    EXPECT_EQ(QString::fromStdString(ReadFile(folder.File("host.log"))).count("WORK : reason"), 2);
+}
+
+TEST_F(CommandTest, ProgramsRunCommandsAndEndWithOneThatFails) {
+    host::Document& document = host.Documents().Open(Parsed(SmallDrawing()), "a.dxf");
+    Add(u"TEXT", [&] { SetText(u"Um"); });
+    Add(u"WORK", [] { throw std::runtime_error("reason"); });
+    const auto evaluate = [&](const char16_t* source) {
+        printed.clear();
+        document.Lisp().EvaluateLisp(source, nullptr);
+        return printed;
+    };
+    EXPECT_EQ(evaluate(u"(command \"text\") (princ 1)"), u"1");
+    EXPECT_TRUE(document.Drawing().undoName() == u"TEXT");
+    EXPECT_EQ(evaluate(u"(command \"TEXT\" \"WORK\") (princ 1)"), u"; WORK : reason\n");
+    EXPECT_EQ(evaluate(u"(command \"NONE\")"), u"; NONE : unknown command NONE\n");
+    EXPECT_EQ(evaluate(u"(command 5)"), u"; command: not the name of a command: 5\n");
 }
 
 TEST_F(CommandTest, UndoOfACommandGivesTheSameBytes) {

@@ -164,6 +164,17 @@ TEST_F(HostTest, PagesAreLayersWithTheirDescriptions) {
     EXPECT_EQ(document.Pages().Pages()[0].description, u"Comando do motor");
 }
 
+TEST(Pages, ThePartsOfAPageComeWithIt) {
+    const auto whole = [](std::vector<host::Page> pages) {
+        std::u16string names;
+        for (const host::Page& page : host::WholePages(pages)) names += page.name + u" ";
+        return names;
+    };
+    EXPECT_EQ(whole({{u"A$DE", u""}, {u"A", u""}, {u"A$SELO", u""}, {u"A$FORMATO", u""}}), u"A ");
+    EXPECT_EQ(whole({{u"A$SELO", u""}, {u"B", u""}, {u"B$selo", u""}, {u"B$X", u""}}),
+              u"A$SELO B B$selo B$X ");
+}
+
 TEST_F(HostTest, LispAsksForPagesAndReadsThemAgain) {
     host::Document& document = host.Documents().Open(Parsed(SmallDrawing()), "a.dxf");
     CMxLispEngine* lisp = document.GetLispEngine();

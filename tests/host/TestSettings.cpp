@@ -19,12 +19,15 @@ TEST(Settings, AreKeptInTheFile) {
         settings.SetDwgConverter(converter);
         settings.SetNetworkFolder("//server/Projectos é");
         settings.SetDatabaseUrl("sqlite:/srv/a=b;c.sqlite");
+        EXPECT_EQ(settings.RecentFiles(), QStringList());
+        settings.SetRecentFiles({"/a, b.dxf", "/é.dxf"});
         settings.SetProjectLanguage("/a/b [1]/c;d=e%.dxf", 4);
     }
     host::Settings settings(file);
     EXPECT_EQ(settings.LanguageIndex(), 19);
     EXPECT_EQ(settings.CodePage(), 1251);
     EXPECT_EQ(settings.DwgConverter(), converter);
+    EXPECT_EQ(settings.RecentFiles(), (QStringList{"/a, b.dxf", "/é.dxf"}));
     EXPECT_EQ(settings.NetworkFolder(), "//server/Projectos é");
     EXPECT_EQ(settings.DatabaseUrl(), "sqlite:/srv/a=b;c.sqlite");
     EXPECT_EQ(settings.ProjectLanguage("/a/b [1]/c;d=e%.dxf"), 4);

@@ -3,16 +3,19 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include "apps/ui/ColorGrid.h"
 #include "apps/ui/ColorPicker.h"
 #include "apps/ui/MainWindow.h"
 #include "apps/ui/MessageBoxes.h"
+#include "apps/ui/PageChooser.h"
 #include "platform/drawing/CmColor.h"
 #include "platform/kernel/MxLispEngine.h"
 
@@ -76,6 +79,55 @@ TEST(MessageBoxes, ShowTextAsItIsAboveTheDialogInFront) {
     });
     front.exec();
     EXPECT_EQ(answer, kButtonYes);
+}
+
+using Names = ui::PageNames;
+
+std::optional<Names> Choose(const Names& ticked, std::function<void(QDialog&)> work) {
+    const std::vector<host::Page> pages{
+        {u"P1", u"Cover"}, {u"P2", u"Supply"}, {u"P10", u"Motors"}, {u"Q", u""}};
+    WhenModal([work](QWidget& modal) { work(dynamic_cast<QDialog&>(modal)); });
+    return ui::ChoosePages(nullptr, pages, ticked);
+}
+
+void Click(QDialog& dialog, const char* button) {
+    QTest::mouseClick(dialog.findChild<QPushButton*>(button), Qt::LeftButton);
+}
+
+TEST(PageChooser, GivesWhatIsTickedInTheOrderOfThePages) {
+    const auto accept = [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); };
+    EXPECT_EQ(Choose({u"P10", u"P1", u"gone"}, accept), (Names{u"P1", u"P10"}));
+    EXPECT_EQ(Choose({}, accept), Names());
+    EXPECT_EQ(Choose({u"P1"}, [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Escape); }),
+              std::nullopt);
+    EXPECT_EQ(Choose({},
+                     [](QDialog& dialog) {
+                         auto* list = dialog.findChild<QTreeWidget*>();
+                         list->setFocus();
+                         QTest::keyClick(list, Qt::Key_End);
+                         QTest::keyClick(list, Qt::Key_Space);
+                         QTest::keyClick(&dialog, Qt::Key_Return);
+                     }),
+              Names{u"Q"});
+}
+
+TEST(PageChooser, AllAndNoneConcernTheRowsThatTheFilterShows) {
+    const struct {
+        const char *filter, *button;
+        Names ticked, expected;
+    } cases[] = {
+        {"", "all", {}, {u"P1", u"P2", u"P10", u"Q"}}, {"", "none", {u"P1"}, {}},
+        {"p1", "all", {u"Q"}, {u"P1", u"P10", u"Q"}},  {"MOTOR", "all", {}, {u"P10"}},
+        {"p", "none", {u"P2", u"Q"}, {u"Q"}},          {"nothing", "all", {u"P2"}, {u"P2"}},
+    };
+    for (const auto& one : cases) {
+        const auto chosen = Choose(one.ticked, [&](QDialog& dialog) {
+            QTest::keyClicks(dialog.findChild<QLineEdit*>("filter"), one.filter);
+            Click(dialog, one.button);
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        });
+        EXPECT_EQ(chosen, one.expected) << one.filter << " " << one.button;
+    }
 }
 
 struct Picked {

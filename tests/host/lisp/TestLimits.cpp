@@ -121,6 +121,18 @@ TEST(LispLimits, AnEndlessLoopEndsWhenItIsInterrupted) {
     }
 }
 
+TEST(LispLimits, AWatchIsCalledWhileAProgramRunsAndCanInterruptIt) {
+    Interpreter interpreter;
+    int looks = 0;
+    interpreter.SetWatch([&] {
+        if (++looks == 3) interpreter.Interrupt();
+    });
+    EXPECT_EQ(Result(interpreter, u"(while t (setq a 1))"), "error: interrupted");
+    EXPECT_EQ(looks, 3);
+    interpreter.SetWatch({});
+    EXPECT_EQ(Result(interpreter, u"(repeat 100000 (setq a 2))"), "2");
+}
+
 TEST(LispLimits, ASignalHandlerCanInterrupt) {
     static Interpreter* running;
     Interpreter interpreter;

@@ -175,7 +175,9 @@ TEST_F(Audited, SavingMarksTheDrawingAndReplacesTheFile) {
               eGeneralError);
     EXPECT_TRUE(database->isModified());
     EXPECT_EQ(Raised([&] { database->writeFile("/nonexistent/x.dxf"); }), eFileWriteError);
-    database->writeFile(path);
+    std::ofstream(path, std::ios::app) << "later";
+    EXPECT_EQ(Raised([&] { database->writeFile(path); }), eFileChanged);
+    database->writeFile(path, true);
     EXPECT_FALSE(database->isModified());
     OdDbDatabasePtr again = OdDbDatabase::readFile(path);
     EXPECT_EQ(At<OdDbText>(*again, u"30")->textString(), u"Pump");

@@ -15,7 +15,8 @@
 
 namespace {
 
-constexpr int kMuitasOciosas = 20000;  // turns of the event loop without a window to act on
+// Turns of the event loop without a window to act on; a window manager takes its time.
+constexpr int kMuitasOciosas = 20000, kMuitasSemFoco = 2000000;
 
 std::string Estreito(const CString& texto) { return text::NarrowFromWide(texto.Text()); }
 
@@ -53,7 +54,8 @@ void Usuario::Agir() {
     if (acabou) return;
     Agendar();  // first: a step may show a window of its own
     QWidget* janela = QApplication::activeModalWidget();
-    if (janela && !janela->isActiveWindow()) janela->activateWindow();
+    if (janela && !janela->isActiveWindow() && ociosas % kMuitasOciosas == 0)
+        janela->activateWindow();
     if (janela && janela->isActiveWindow() && !passos.empty()) {
         ociosas = 0;
         AtoQt ato = std::move(passos.front());
@@ -61,9 +63,10 @@ void Usuario::Agir() {
         ato(*janela);
         return;
     }
-    if (++ociosas < kMuitasOciosas || !janela) return;
+    if (++ociosas < (passos.empty() ? kMuitasOciosas : kMuitasSemFoco) || !janela) return;
     ociosas = 0;
-    ADD_FAILURE() << "a window waits and no step is left for it";
+    ADD_FAILURE() << "a window waits and no step is left for it: "
+                  << janela->windowTitle().toStdString();
     janela->close();
 }
 
