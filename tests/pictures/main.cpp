@@ -3,7 +3,7 @@
 //     dialog_pictures FOLDER LANGUAGE
 //
 // LANGUAGE is the number of the interface language. Gives 1, and a line for each, when a text does
-// not fit its control.
+// not fit its control or has a letter that no font shows.
 #include <QApplication>
 #include <QDir>
 #include <cstdio>
@@ -12,6 +12,7 @@
 #include "tests/pictures/CutTexts.h"
 #include "tests/translator/dialogs/Projeto.h"
 #include "tests/translator/dialogs/Usuario.h"
+#include "translator/dialogs/ui/Mensagens.h"
 #include "translator/dialogs/ui/ModeloTradutorProj.h"
 
 namespace {
@@ -27,15 +28,25 @@ class Pictures {
         const QString file = folder + "/" + name + ".png";
         complete &= WidgetOf(&window)->grab().save(file);
         std::printf("%s\n", qPrintable(file));
-        for (const QString& text : CutTexts(*WidgetOf(&window))) {
-            std::fprintf(stderr, "%s: cut: %s\n", name, qPrintable(text));
-            complete = false;
-        }
+        for (const QString& text : CutTexts(*WidgetOf(&window))) Report(name, text);
+        font = WidgetOf(&window)->font();
+    }
+    // A text of the catalogue that stands in a list, which elides it beyond that many pixels.
+    void CheckInList(int number, int width) {
+        const QString text = Mensagem(number);
+        const bool fits = QFontMetrics(font).horizontalAdvance(text) <= width;
+        if (!fits || !HasLetters(font, text)) Report("list", text);
     }
     bool complete = true;
 
   private:
+    void Report(const char* name, const QString& text) {
+        std::fprintf(stderr, "%s: cut: %s\n", name, qPrintable(text));
+        complete = false;
+    }
+
     QString folder;
+    QFont font;  // of the dialogs
 };
 
 void Resize(CWnd& window, int width, int height) {
@@ -97,6 +108,13 @@ void Editors(Projeto& project, Pictures& pictures, const char* filled) {
     user.Durante([&] { project.Executar("KVCFGTRADELANG"); });
 }
 
+void Lists(Pictures& pictures) {
+    constexpr int kColumn = 100 - 2 * 4;  // between the margins of a cell
+    constexpr int kSteps = 130;
+    for (int number : {23, 24, 26, 47, 50, 51, 52, 53}) pictures.CheckInList(number, kColumn);
+    for (int number : {67, 68, 69}) pictures.CheckInList(number, kSteps);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -111,5 +129,6 @@ int main(int argc, char** argv) {
     Projeto project("block_pages.dxf", QString(argv[2]).toInt());
     TranslationDialog(project, pictures);
     Editors(project, pictures, "filled");
+    Lists(pictures);
     return pictures.complete && !testing::Test::HasFailure() ? 0 : 1;
 }

@@ -68,7 +68,7 @@ class TitledFrame : public QGroupBox {
         const QRect room(kIndent + kGap, 0, metrics.horizontalAdvance(title()), metrics.height());
         QPalette::ColorGroup state = isEnabled() ? QPalette::Active : QPalette::Disabled;
         painter.setPen(palette().color(state, QPalette::WindowText));
-        painter.drawText(room, Qt::AlignLeft | Qt::AlignTop, title());
+        painter.drawText(QPoint(room.left(), metrics.ascent()), title());
         painter.setClipRegion(QRegion(rect()) - room.adjusted(-kGap, 0, kGap, 0));
         painter.setPen(palette().color(QPalette::Mid));
         painter.drawRect(

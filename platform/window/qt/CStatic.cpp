@@ -2,6 +2,10 @@
 #include "platform/window/CStatic.h"
 
 #include <QLabel>
+#include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+#include <algorithm>
 #include <memory>
 
 #include "platform/window/qt/AccessibleNames.h"
@@ -19,12 +23,39 @@ Qt::Alignment AlignmentOf(DWORD style) {
     return across | Qt::AlignTop;
 }
 
-QWidget* Make(WindowHandle& handle, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    if (handle.HasStyle(SS_ETCHEDHORZ)) {
-        label->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-        return label;
+// The first line's part above the base line, which letters from another font make higher.
+int AscentOf(const QString& text, const QFont& font) {
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return line.isValid() ? qRound(line.ascent()) : 0;
+}
+
+// Templates give a line the height of the dialog's font. The base line stays where that font has
+// it, so that letters which another font lends are not pushed out of the control.
+class Label : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const int raised = std::max(0, AscentOf(text(), font()) - fontMetrics().ascent());
+        const int prefix = buddy() ? Qt::TextShowMnemonic : 0;
+        QPainter painter(this);
+        style()->drawItemText(&painter, rect().adjusted(0, -raised, 0, raised),
+                              int(alignment()) | Qt::TextWordWrap | prefix, palette(), isEnabled(),
+                              text(), foregroundRole());
     }
+};
+
+QWidget* Make(WindowHandle& handle, QWidget* parent) {
+    if (handle.HasStyle(SS_ETCHEDHORZ)) {
+        auto* line = new QLabel(parent);
+        line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+        return line;
+    }
+    auto* label = new Label(parent);
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(AlignmentOf(handle.style));
     label->setWordWrap(true);

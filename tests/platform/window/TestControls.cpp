@@ -264,6 +264,28 @@ TEST_F(Controls, FontsAreMeasuredAsTheyAreDrawn) {
     EXPECT_GE(needed.Height(), 2 * plain.cy);
 }
 
+// The letters that only another font has are wide in the first text, high in the second.
+TEST_F(Controls, LettersOfAnotherFontLeaveTheBaseLineWhereItIs) {
+    const CRect line(10, 90, 110, 103);
+    for (const DWORD style : {DWORD{SS_LEFT}, DWORD{BS_GROUPBOX}}) {
+        CStatic label;
+        CButton group;
+        CWnd& control = style ? static_cast<CWnd&>(group) : label;
+        if (style) group.Create(u"", WS_CHILD | WS_VISIBLE | style, line, &dialog, 50);
+        if (!style) label.Create(u"", WS_CHILD | WS_VISIBLE | style, line, &dialog, 50);
+        control.SetFont(dialog.GetFont());
+        auto picture = [&](const char16_t* text) {
+            control.SetWindowText(text);
+            return WidgetOf(&control)->grab(QRect(0, 0, style ? 18 : 7, 13)).toImage();
+        };
+        const QImage plain = picture(u"H.");
+        EXPECT_NE(picture(u"L."), plain);
+        EXPECT_EQ(picture(u"H.翻訳"), plain) << style;
+        EXPECT_EQ(picture(u"H.ตั้ง"), plain) << style;
+        control.DestroyWindow();
+    }
+}
+
 TEST_F(Controls, ThePositionsAreThoseOfTheTemplateInPixels) {
     CRect rect;
     dialog.GetDlgItem(12)->GetWindowRect(rect);
