@@ -17,6 +17,8 @@ class WrappedLabel : public QLabel {
         show();
         ClaimHeight();
     }
+    // Layouts that ask for heights by width do not ask again when the text changes.
+    bool hasHeightForWidth() const override { return false; }
 
   protected:
     void resizeEvent(QResizeEvent* event) override {

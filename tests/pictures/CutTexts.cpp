@@ -19,19 +19,23 @@ QRect Ink(const QWidget& control, const QString& text) {
     return metrics.tightBoundingRect(text).translated(0, metrics.ascent());
 }
 
+// A label that leads to a field has a mnemonic.
+QString Shown(const QLabel& label) {
+    return label.buddy() ? QString(label.text()).remove('&') : label.text();
+}
+
 bool FitsLine(const QLabel& label) {
     const QSize room = label.contentsRect().size();
-    const QRect ink = Ink(label, label.text());
-    return !label.text().contains('\n') && ink.top() >= 0 && ink.bottom() < room.height() &&
-           label.fontMetrics().horizontalAdvance(label.text()) <= room.width();
+    const QString text = Shown(label);
+    const QRect ink = Ink(label, text);
+    return !text.contains('\n') && ink.top() >= 0 && ink.bottom() < room.height() &&
+           label.fontMetrics().horizontalAdvance(text) <= room.width();
 }
 
 bool FitsWrapped(const QLabel& label) {
     const QRect room = label.contentsRect();
-    const int flags =
-        (label.wordWrap() ? Qt::TextWordWrap : 0) | (label.buddy() ? Qt::TextShowMnemonic : 0);
-    const QRect needed =
-        label.fontMetrics().boundingRect(QRect(0, 0, room.width(), 10000), flags, label.text());
+    const QRect needed = label.fontMetrics().boundingRect(
+        QRect(0, 0, room.width(), 10000), label.wordWrap() ? Qt::TextWordWrap : 0, Shown(label));
     return needed.width() <= room.width() && needed.height() <= room.height();
 }
 

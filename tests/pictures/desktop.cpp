@@ -6,13 +6,17 @@
 // not fit its control.
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStyle>
 #include <QTest>
 #include <cstdio>
 
+#include "apps/desktop/RecoveryDialog.h"
+#include "apps/desktop/SettingsDialog.h"
 #include "tests/desktop/Program.h"
 #include "tests/pictures/CutTexts.h"
 
@@ -71,6 +75,31 @@ void Windows(Program& program, Pictures& pictures) {
     Menus(program, pictures);
 }
 
+// With the longest answers that they may have to show.
+void FormAndOffer(Program& program, Pictures& pictures) {
+    desktop::SettingsDialog form(program.desktop.Settings());
+    form.show();
+    pictures.Save(form, "settings");
+    form.findChild<QLineEdit*>("databaseUrl")
+        ->setText("sqlite:/no/such/folder/of/anybody/d.sqlite");
+    auto* test = form.findChild<QPushButton*>("test");
+    QTest::mouseClick(test, Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([test] { return test->isEnabled(); }));
+    form.findChild<QLineEdit*>("converter")->setText("program {in}");
+    QTest::keyClick(&form, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    pictures.Save(form, "settings-complaint");
+
+    const desktop::RecoveryFiles files(program.folder.path(), 1);
+    const OdDbDatabasePtr drawing = &program.Active().Drawing();
+    const std::vector<desktop::LeftWork> works{
+        {"/home/ana/plans/pumps/panel.dxf", drawing, {}, true, files, {}},
+        {"/home/ana/plans/pumps/cable list.dxf", {}, u"the end is missing", false, files, {}}};
+    desktop::RecoveryDialog offer(works);
+    offer.show();
+    pictures.Save(offer, "recovery");
+}
+
 void Dialogs(Program& program, Pictures& pictures) {
     Usuario user;
     user.EntaoNoQt([&](QWidget& chooser) {
@@ -113,6 +142,7 @@ int main(int argc, char** argv) {
         Pictures pictures(argv[1], name);
         Program program(nullptr, QString(argv[2]).toInt());
         Windows(program, pictures);
+        FormAndOffer(program, pictures);
         Dialogs(program, pictures);
         complete &= pictures.complete;
     }
