@@ -41,6 +41,10 @@ OdDbDatabasePtr ReadWhole(const QString& name) {
     throw dxf::Error(name.toStdString() + ": the copy is damaged: " + why);
 }
 
+void Replace(const QString& name, std::string_view bytes) {
+    dxf::ReplaceFile(name.toStdString(), [&](const dxf::Sink& file) { file(bytes); }, {});
+}
+
 }  // namespace
 
 QList<int> RecoveryFiles::NumbersIn(const QString& folder) {
@@ -74,7 +78,7 @@ void RecoveryFiles::Write(const Description& description) const {
     QJsonObject object{{"drawing", QString::fromLatin1(path)}};
     if (description.met) object["met"] = IdentityText(*description.met);
     const QByteArray bytes = QJsonDocument(object).toJson();
-    dxf::ReplaceFile(DescriptionName().toStdString(), {{bytes.data(), size_t(bytes.size())}}, {});
+    Replace(DescriptionName(), {bytes.data(), size_t(bytes.size())});
 }
 
 Description RecoveryFiles::Read() const {
@@ -89,7 +93,7 @@ Description RecoveryFiles::Read() const {
 void RecoveryFiles::WriteCopy(std::string_view bytes) const {
     const QList<int> older = Generations();
     const int generation = older.isEmpty() ? 1 : older.first() + 1;
-    dxf::ReplaceFile(CopyName(generation).toStdString(), {bytes}, {});
+    Replace(CopyName(generation), bytes);
     for (const int old : older) QFile::remove(CopyName(old));
 }
 
