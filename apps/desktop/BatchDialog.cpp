@@ -35,7 +35,7 @@ QString ReportText(const QJsonObject& report) {
     line("Translated", "translated");
     line("Not translated", "untranslated");
     line("Written", "written");
-    for (const QJsonValue& value : report["notWritten"].toArray()) {
+    for (const auto& value : report["notWritten"].toArray()) {
         const QJsonObject one = value.toObject();
         text += Say("Not written: %1 %2 \"%3\": %4\n")
                     .arg(one["kind"].toString(), one["key"].toString(), one["text"].toString(),

@@ -55,24 +55,22 @@ bool Files::Open(const QString& path) {
         return true;
     }
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    if (!Load(absolute, absolute)) return false;
+    if (!Load(absolute)) return false;
     Remember(absolute);
     return true;
 }
 
-bool Files::OpenCopy(const QString& copy, const QString& name) { return Load(copy, name); }
-
-bool Files::Load(const QString& file, const QString& name) {
+bool Files::Load(const QString& file) {
     bool loaded = false;
-    Guarded(Say("Open %1").arg(QFileInfo(name).fileName()), [&] {
+    Guarded(Say("Open %1").arg(QFileInfo(file).fileName()), [&] {
         const host::DwgConverter converter{desktop.Settings().DwgConverter(),
                                            std::chrono::seconds(desktop.Settings().DwgSeconds())};
         auto drawing = LoadDrawing(&window, file.toStdString(), converter);
         if (!drawing) return;
-        onLoaded(std::move(drawing->drawing), drawing->converted ? NameOfConverted(name) : name,
+        onLoaded(std::move(drawing->drawing), drawing->converted ? NameOfConverted(file) : file,
                  std::move(drawing->list));
         loaded = true;
-        if (drawing->converted) TellConverted(QFileInfo(name).fileName());
+        if (drawing->converted) TellConverted(QFileInfo(file).fileName());
     });
     return loaded;
 }

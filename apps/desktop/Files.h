@@ -20,8 +20,6 @@ class Files {
     // A drawing that is open already comes to the front. False when it was not opened: the user has
     // been told, or has cancelled.
     bool Open(const QString& path);
-    // A drawing from another file than the one whose name it is to bear: not saved until now.
-    bool OpenCopy(const QString& copy, const QString& name);
 
     // False when it was not saved.
     bool Save(host::Document& document);
@@ -38,7 +36,7 @@ class Files {
         onLoaded;
 
   private:
-    bool Load(const QString& file, const QString& name);
+    bool Load(const QString& file);
     void TellConverted(const QString& name);
     bool Write(host::Document& document, const QString& path, bool force);
     bool MayClose(host::Document& document);

@@ -27,7 +27,7 @@ struct Reading {
 using Read = std::function<OdDbDatabasePtr()>;
 
 void StartReading(const std::shared_ptr<Reading>& reading, const Read& read) {
-    QThreadPool::globalInstance()->start([reading, read]() mutable {
+    QThreadPool::globalInstance()->start([reading = reading, read]() mutable {
         try {
             reading->drawing = read();
         } catch (...) {

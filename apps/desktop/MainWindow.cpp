@@ -153,8 +153,8 @@ void MainWindow::UpdateTitles() {
         tabs->setTabText(i, NameOf(document).replace("&", "&&") + (modified ? " *" : ""));
     }
     host::Document* document = desktop.Active();
-    setWindowModified(document && document->Drawing().isModified());
     setWindowTitle(document ? NameOf(*document) + "[*] – Kelvara Circuit" : "Kelvara Circuit");
+    setWindowModified(document && document->Drawing().isModified());
 }
 
 void MainWindow::TranslateInBatch() {

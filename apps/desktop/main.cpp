@@ -69,12 +69,25 @@ int Work(Application& application, const Arguments& arguments) {
     return application.exec();
 }
 
+// Help needs no screen. What is wrong with the rest is told when Qt has taken its own options away.
+bool ShowsHelp(CLI::App& app, int argc, char** argv) {
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& asked) {
+        app.exit(asked);
+        return true;
+    } catch (const CLI::ParseError&) {
+    }
+    return false;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     CLI::App app("Opens, shows and translates drawings of electrical projects.", "kelvara-desktop");
     Arguments arguments;
     Register(app, arguments);
+    if (ShowsHelp(app, argc, argv)) return 0;
     Application application(argc, argv);
     application.setApplicationName("kelvara-desktop");
     application.setDesktopFileName("kelvara");

@@ -118,6 +118,7 @@ uint16_t Fonts::OfFile(std::u16string_view name, bool bold, bool italic) {
 
 std::vector<uint16_t> Fonts::NumbersOf(const std::vector<Choice>& of) {
     std::vector<uint16_t> numbers;
+    numbers.reserve(of.size());
     for (const Choice& choice : of) numbers.push_back(NumberOf(choice));
     return numbers;
 }

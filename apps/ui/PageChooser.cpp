@@ -99,6 +99,7 @@ class ChooserDialog : public QDialog {
 
     std::vector<QTreeWidgetItem*> Rows() const {
         std::vector<QTreeWidgetItem*> rows;
+        rows.reserve(list->topLevelItemCount());
         for (int i = 0; i < list->topLevelItemCount(); ++i) rows.push_back(list->topLevelItem(i));
         return rows;
     }
