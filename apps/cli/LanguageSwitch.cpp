@@ -42,6 +42,11 @@ std::u16string Difference(const dxf::Store& store, std::string_view was, std::st
 
 std::string Quoted(std::u16string_view text) { return "\"" + Escaped(Utf8(text)) + "\""; }
 
+// A record of one blank is one of none, as for the commands.
+bool HoldsText(const std::optional<TQString>& text) {
+    return text && !text->empty() && *text != u" ";
+}
+
 std::u16string SharedKey(const ETraduzivel& object) { return text::FoldCase(object.GetChave()); }
 
 // Strings of a wire are found by their name. Those of a virtual attribute bear it in their key, so
@@ -67,7 +72,8 @@ LanguageSwitch::LanguageSwitch(OdDbDatabase& drawing, SwitchLanguage from, Switc
     : store(drawing.store()),
       from(std::move(from)),
       to(std::move(to)),
-      change(this->from.key, this->to.key) {}
+      change(this->from.key, this->to.key),
+      recorded(drawing, this->from.key, this->to.key) {}
 
 void LanguageSwitch::Remark(const ETraduzivel& object, const TQString& text, std::string reason) {
     remarks.push_back({std::string(traducaoTQ::NomeTipo(object.GetTipo())), Utf8(object.GetChave()),
@@ -91,13 +97,26 @@ void LanguageSwitch::Run(const std::vector<ETraduzivel*>& list) {
     }
 }
 
+RecordedTexts::Texts* LanguageSwitch::RecordOf(const ETraduzivel& object) {
+    RecordedTexts::Texts* texts = recorded.Find(object.GetChave());
+    if (!texts || texts->known) return texts;
+    *texts = {};
+    texts->known = true;
+    if (const auto record = change.RegistroNoDestino(object)) {
+        texts->to = record->texto;
+        texts->from = traducaoTQ::TextoRegistrado(*record->doObjeto, from.key);
+    }
+    return texts;
+}
+
 void LanguageSwitch::Switch(ETraduzivel& object) {
-    const auto record = change.RegistroNoDestino(object);
-    const TQString before = *object.GetTexto();
+    RecordedTexts::Texts* const record = RecordOf(object);
+    const TQString& before = *object.GetTexto();
     const auto remark = [&](std::string reason) { Remark(object, before, std::move(reason)); };
-    if (!record) return remark("has no record in " + to.name + " and keeps its text");
-    const auto recorded = traducaoTQ::TextoRegistrado(*record->doObjeto, from.key);
-    const bool asRecorded = recorded && *recorded == before;
+    if (!record || !HoldsText(record->to)) {
+        return remark("has no record in " + to.name + " and keeps its text");
+    }
+    const bool asRecorded = record->from == before;
     if (IsShared(object)) {
         if (!asRecorded) {
             return remark(
@@ -107,34 +126,34 @@ void LanguageSwitch::Switch(ETraduzivel& object) {
             return remark("has the name of another string of its object, and keeps its text");
         }
     }
-    if (recorded && !asRecorded) {
+    if (record->from && !asRecorded) {
         remark("was edited since it was recorded; its record in " + from.name + " said " +
-               Quoted(*recorded));
+               Quoted(*record->from));
     }
     std::optional<traducaoTQ::ETextoTrad> inBlock;
     if (IsBlockText(object)) inBlock.emplace(before, object.GetChave());
     ETraduzivel& place = inBlock ? *inBlock : object;
     try {
-        TryBack(object, place, before, record->texto);
+        TryBack(object, place, before, *record->to);
         Apply(place, *record, asRecorded);
     } catch (const OdError& error) {
         if (error.code() != eStringTooLong) throw;
         return remark("keeps its text: " + error.description().narrowText());
     }
-    texts.push_back({HandleOf(object), IsXdata(object), before, record->texto});
+    texts.push_back({HandleOf(object), IsXdata(object), before, *record->to});
 }
 
-void LanguageSwitch::Apply(ETraduzivel& place, const Registro& record, bool asRecorded) {
-    if (asRecorded) return place.SetTexto(record.texto);
-    change.Aplicar(place, record);
+void LanguageSwitch::Apply(ETraduzivel& place, RecordedTexts::Texts& record, bool asRecorded) {
+    if (asRecorded) return place.SetTexto(*record.to);
+    change.Trocar(place);
+    record.from = *place.GetTexto();
 }
 
 // Whatever a place says in between, the way back leaves in it what setting the text of now leaves:
 // so that is done before the new text is set. A place that is blank in between is not found again.
 void LanguageSwitch::TryBack(const ETraduzivel& object, ETraduzivel& place, const TQString& before,
-                             TQString after) {
-    after.Trim();
-    if (after.IsEmpty()) {
+                             const TQString& after) {
+    if (text::TrimLeft(after).empty()) {
         return Remark(object, before, "would be blank in " + to.name + " and not be found again");
     }
     const dxf::RecordIndex index = store.FindHandle(HandleOf(object));
@@ -144,15 +163,6 @@ void LanguageSwitch::TryBack(const ETraduzivel& object, ETraduzivel& place, cons
     if (store.Bytes(index) == was) return;
     const std::u16string now = Difference(store, was, store.Bytes(index));
     if (!now.empty()) Remark(object, before, "would come back as " + Quoted(now));
-}
-
-std::vector<ExpectedText> LanguageSwitch::Expected() const {
-    std::vector<ExpectedText> expected;
-    expected.reserve(texts.size());
-    for (const Text& text : texts) {
-        expected.push_back({text.handle, text.xdata, text.before, text.after});
-    }
-    return expected;
 }
 
 }  // namespace cli

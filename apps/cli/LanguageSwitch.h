@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/cli/Certificate.h"
+#include "apps/cli/RecordedTexts.h"
 #include "platform/drawing/DbDatabase.h"
 #include "translator/engine/ListaTraduziveis.h"
 #include "translator/engine/TrocaIdioma.h"
@@ -37,31 +38,27 @@ class LanguageSwitch {
     size_t Objects() const { return objects; }
     size_t Switched() const { return texts.size(); }
     const std::vector<NotReversible>& Remarks() const { return remarks; }
-    // What the new file is to hold; views of this object.
-    std::vector<ExpectedText> Expected() const;
+    // What the new file is to hold; views of this object and of the list.
+    const std::vector<ExpectedText>& Expected() const { return texts; }
 
   private:
-    using Registro = traducaoTQ::TrocaDeTextos::Registro;
-
-    struct Text {
-        uint64_t handle;
-        bool xdata;
-        TQString before, after;
-    };
     bool IsShared(const traducaoTQ::ETraduzivel& object) const;
     void Switch(traducaoTQ::ETraduzivel& object);
-    void Apply(traducaoTQ::ETraduzivel& place, const Registro& record, bool asRecorded);
+    // What is recorded of the object; null for one without records.
+    RecordedTexts::Texts* RecordOf(const traducaoTQ::ETraduzivel& object);
+    void Apply(traducaoTQ::ETraduzivel& place, RecordedTexts::Texts& record, bool asRecorded);
     void TryBack(const traducaoTQ::ETraduzivel& object, traducaoTQ::ETraduzivel& place,
-                 const TQString& before, TQString after);
+                 const TQString& before, const TQString& after);
     void Remark(const traducaoTQ::ETraduzivel& object, const TQString& text, std::string reason);
 
     const dxf::Store& store;
     SwitchLanguage from, to;
     traducaoTQ::TrocaDeTextos change;
+    RecordedTexts recorded;
     size_t objects = 0;
     std::unordered_map<std::u16string, int> strings;  // of extended data, by key without case
     std::string was;  // the record that is tried, kept for its memory
-    std::vector<Text> texts;
+    std::vector<ExpectedText> texts;
     std::vector<NotReversible> remarks;
 };
 

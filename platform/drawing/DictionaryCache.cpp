@@ -207,6 +207,26 @@ void WriteNewDictionary(const dxf::Store& store, dxf::GroupWriter& writer) {
     if (store.FileVersion() >= dxf::Version::R2000) writer.Int(281, 1);
 }
 
+void ForEachEntry(const dxf::Store& store, dxf::RecordIndex dictionary,
+                  const std::function<void(std::u16string name, uint64_t handle)>& visit) {
+    const auto onPair = [&](const Group& name, const Group& reference) {
+        visit(store.Codec().Decode(name.value), reference.AsHandle());
+    };
+    walkPairs(store, dictionary, onPair, [](const Group&) {});
+}
+
+uint64_t FindEntry(const dxf::Store& store, dxf::RecordIndex dictionary, std::u16string_view name) {
+    uint64_t found = 0;
+    const auto onPair = [&](const Group& key, const Group& reference) {
+        if (found != 0) return;
+        const bool bears = store.Codec().Reads(key.value, name) ||
+                           text::CompareNoCase(store.Codec().Decode(key.value), name) == 0;
+        if (bears) found = reference.AsHandle();
+    };
+    walkPairs(store, dictionary, onPair, [](const Group&) {});
+    return found;
+}
+
 DictionaryEntries& DictionaryCache::entries(dxf::RecordIndex record) {
     auto& place = cache[record];
     if (!place) place = std::make_unique<DictionaryEntries>(store, record);
@@ -219,15 +239,7 @@ uint64_t DictionaryCache::find(dxf::RecordIndex record, std::u16string_view name
         const auto* entry = entries(record).find(name);
         return entry ? entry->handle : 0;
     }
-    uint64_t found = 0;
-    const auto onPair = [&](const Group& key, const Group& reference) {
-        if (found != 0) return;
-        const bool bears = store.Codec().Reads(key.value, name) ||
-                           text::CompareNoCase(store.Codec().Decode(key.value), name) == 0;
-        if (bears) found = reference.AsHandle();
-    };
-    walkPairs(store, record, onPair, [](const Group&) {});
-    return found;
+    return FindEntry(store, record, name);
 }
 
 void DictionaryCache::flush(dxf::RecordIndex record) {

@@ -1,6 +1,7 @@
 // DictionaryCache: the entries of dictionaries, read once and written back late.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -81,6 +82,13 @@ class DictionaryEntries {
 
 // The groups of a new dictionary behind its owner.
 void WriteNewDictionary(const dxf::Store& store, dxf::GroupWriter& writer);
+
+// A dictionary as its record stands, also for several threads that read at the same time. Of two
+// entries with one name the first counts.
+void ForEachEntry(const dxf::Store& store, dxf::RecordIndex dictionary,
+                  const std::function<void(std::u16string name, uint64_t handle)>& visit);
+uint64_t FindEntry(const dxf::Store& store, dxf::RecordIndex dictionary,
+                   std::u16string_view name);  // the handle, 0 for none: looks at every entry
 
 class DictionaryCache {
   public:
