@@ -181,6 +181,8 @@ TEST_F(Switch, RefusesWithOneLineAndWritesNothing) {
     refused("Deutsch", {}, "is in language 3 Deutsch already");
     refused("Klingon", {}, "Klingon");
     refused("1", {"--strict"}, "is not an OdDbBlockReference");
+    Write("in.dxf", Replaced(Read("in.dxf"), "\nEObjString\n", "\nOther\n"));
+    refused("1", {}, "is not an EObjString");
     Write("in.dxf", OldDrawing());
     refused("1", {}, "holds no translation records");
 }
