@@ -108,9 +108,15 @@ class Bench:
         named = ("--database", f"sqlite:{database}") if database else ()
         return Run([self.programs / "kelvara", "--quiet", *named, *arguments])
 
+    def fresh(self, name):
+        """A file to write that is not there yet: making an old one's pages free takes time too."""
+        path = self.folder / name
+        path.unlink(missing_ok=True)
+        return path
+
     def translate(self, drawing, database):
         return self.kelvara(database, "translate", drawing, "--from", SOURCE, "--to", TARGET,
-                            "-o", self.folder / "translated.dxf")
+                            "-o", self.fresh("translated.dxf"))
 
     # --- the figures --------------------------------------------------------------------------
 
@@ -132,7 +138,7 @@ class Bench:
                                  / sum(ours[span] for span in spans), asked)
 
     def ezdxf_times(self, drawing):
-        return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.folder / "ezdxf.dxf"])
+        return Run([PYTHON, HERE / "ezdxf_times.py", drawing, self.fresh("ezdxf.dxf")])
 
     def program(self, name, *arguments):
         """A program that tells its figures itself, with windows that nobody sees."""
@@ -147,7 +153,7 @@ class Bench:
         database = self.database(drawing)
         ours = median(3, lambda: self.translate(drawing, database))
         theirs = Run([PYTHON, HERE / "translate_ezdxf.py", drawing, database, SOURCE, TARGET,
-                      self.folder / "ezdxf.dxf"])
+                      self.fresh("ezdxf.dxf")])
         counts = [int(re.search(r"(\d+) strings changed", run.out)[1]) for run in (ours, theirs)]
         print(f"translate {drawing.name}: {ours.seconds:.2f} s, {ours.peak / 1e6:.0f} MB; ezdxf "
               f"{theirs.seconds:.2f} s, {theirs.peak / 1e6:.0f} MB; {counts[0]} strings changed")
@@ -175,11 +181,11 @@ class Bench:
             csv.writer(out).writerows((row[0], row[2]) for row in csv.reader(file))
         database = self.database(two)
         self.kelvara(database, "translate", drawing, "--from", SOURCE, "--to", TARGET, "--record",
-                     "-o", recorded)
+                     "-o", self.fresh(recorded.name))
         ours = median(3, lambda: self.kelvara(None, "switch", recorded, "--to", "1", "-o",
-                                              self.folder / "switched.dxf"))
+                                              self.fresh("switched.dxf")))
         theirs = Run([PYTHON, HERE / "switch_ezdxf.py", recorded, "2", "1",
-                      self.folder / "ezdxf.dxf"])
+                      self.fresh("ezdxf.dxf")])
         counts = [int(re.search(r"(\d+) strings changed", run.out)[1]) for run in (ours, theirs)]
         print(f"switch {recorded.name} of {recorded.stat().st_size / 1e6:.0f} MB: "
               f"{ours.seconds:.2f} s, {ours.peak / 1e6:.0f} MB; ezdxf {theirs.seconds:.2f} s; "
