@@ -69,10 +69,8 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
         KeepColumns(*table.table.traducoes, {table.from.descr, table.to->descr});
     }
     table.objects = std::move(objects);
-    table.table.AgruparExpressoes(*table.objects);
-    for (traducaoTQ::ETraduzivel* object : *table.objects) {
-        if (!IsBlockText(*object)) object->SoltarTexto();  // the lines hold it
-    }
+    table.table.AgruparExpressoes(*table.objects,
+                                  traducaoTQ::ITabelaExpressoes::Textos::VaoParaAsLinhas);
     table.table.AtualizarExpressoes(
         table.from.descr, table.to ? std::optional<TQString>(table.to->descr) : std::nullopt);
     return table;

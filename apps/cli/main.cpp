@@ -1,9 +1,5 @@
 // kelvara: translates electrical project drawings without a window, for scripts, servers and
 // checks.
-#ifdef KELVARA_MIMALLOC
-#include <mimalloc.h>
-#endif
-
 #include <QCoreApplication>
 #include <cstdio>
 #include <new>
@@ -36,10 +32,6 @@ int Work(const cli::CommandLine& line) {
 }  // namespace
 
 int main(int argc, char** argv) {
-#ifdef KELVARA_MIMALLOC
-    // Large blocks go back at once: the peak of memory counts, and it is reached within a second.
-    mi_option_set(mi_option_decommit_delay, 0);
-#endif
     QCoreApplication application(argc, argv);
     application.setApplicationName("kelvara");
     cli::CommandLine line;

@@ -85,6 +85,19 @@ class ObjetosPorLinha {
     std::vector<ETraduzivel*> ordenados;
 };
 
+// The text that the objects share, which they do not hold any more.
+TQString SoltarTextos(std::span<ETraduzivel* const> objetos) {
+    TQString texto;
+    for (ETraduzivel* objeto : objetos) {
+        if (objeto->GetTipo() == TipoBlocoTexto) {
+            if (texto.empty()) texto = *objeto->GetTexto();
+        } else {
+            texto = objeto->SoltarTexto();
+        }
+    }
+    return texto;
+}
+
 bool EstaFeitaPeloUsuario(const structExpressao& linha) {
     return linha.estado == Manual || linha.estado == Importado;
 }
@@ -96,14 +109,14 @@ void Limpar(structExpressao& linha) {
 
 }  // namespace
 
-void ITabelaExpressoes::AgruparExpressoes(const std::vector<ETraduzivel*>& objetos) {
+void ITabelaExpressoes::AgruparExpressoes(const std::vector<ETraduzivel*>& objetos, Textos textos) {
     const ObjetosPorLinha grupos(objetos);
     expressoes = std::make_unique<ListaExpressoes>();
     expressoes->reserve(grupos.Quantidade());
     for (size_t i = 0; i < grupos.Quantidade(); ++i) {
         const auto grupo = grupos.Da(i);
         structExpressao& linha = *expressoes->emplace_back(std::make_unique<structExpressao>());
-        linha.original = *grupo.front()->GetTexto();
+        linha.original = textos == Textos::Ficam ? *grupo.front()->GetTexto() : SoltarTextos(grupo);
         linha.objetos.assign(grupo.begin(), grupo.end());
     }
 }

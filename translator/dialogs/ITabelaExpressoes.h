@@ -35,8 +35,10 @@ class ITabelaExpressoes {
     using ListaExpressoes = std::vector<std::unique_ptr<structExpressao>>;
 
     // Folds the objects into one line per distinct text, in the order of first appearance. The
-    // lines before, hand work included, are gone.
-    void AgruparExpressoes(const std::vector<ETraduzivel*>& objetos);
+    // lines before, hand work included, are gone. Objects that need not know their texts any more
+    // may leave them to the lines, which spares memory; those of blocks keep theirs.
+    enum class Textos { Ficam, VaoParaAsLinhas };
+    void AgruparExpressoes(const std::vector<ETraduzivel*>& objetos, Textos textos = Textos::Ficam);
 
     // Sets the labels and, when both languages (by name) are selected and a dictionary is loaded,
     // matches every line that is neither Manual nor Importado anew. Of several terms with the same

@@ -1,6 +1,8 @@
 // Construction, destruction and face of the translatables.
 #include "translator/engine/ETraduzivel.h"
 
+#include <utility>
+
 namespace traducaoTQ {
 
 std::string_view NomeTipo(uint32_t tipo) {
@@ -36,9 +38,9 @@ void ETraduzivel::SetTexto(TQString) {}
 
 uint32_t ETraduzivel::GetTipo() const { return tipo; }
 
-void ETraduzivel::SoltarTexto() {
-    TQString().swap(texto);
+TQString ETraduzivel::SoltarTexto() {
     temTexto = false;
+    return std::exchange(texto, TQString());
 }
 
 EAtributoTrad::EAtributoTrad(TQString texto, TQString chave)

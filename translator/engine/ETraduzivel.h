@@ -43,9 +43,9 @@ class ETraduzivel {
     virtual void SetTexto(TQString novo);
     virtual uint32_t GetTipo() const;
 
-    // Gives the memory of the text back, where somebody else holds it: GetTexto gives null from
-    // then on. Not for the texts of blocks, which are found by it.
-    void SoltarTexto();
+    // Gives the text away, where somebody else holds it: GetTexto gives null from then on. Not for
+    // the texts of blocks, which are found by it.
+    TQString SoltarTexto();
 
     // The key of the place: the object's handle in hexadecimal; of a virtual attribute the handle,
     // "_" and the attribute's name.
