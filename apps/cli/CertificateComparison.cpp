@@ -51,7 +51,6 @@ struct ByHandle {
         return a.handle < b.handle;
     }
     bool operator()(const ExpectedText& a, uint64_t b) const { return a.handle < b; }
-    bool operator()(uint64_t a, const ExpectedText& b) const { return a < b.handle; }
 };
 
 }  // namespace
@@ -69,6 +68,7 @@ Comparison::Comparison(const dxf::Store& store, std::string_view after,
       after(after.substr(0, stretch.afterEnd)),
       format(GroupFormatOf(before, store.FileFormat())),
       texts(expectation.texts),
+      present(texts.begin(), texts.begin()),
       found(texts.size(), false),
       records(store, expectation.recordKeys, expectation.wires),
       passed(std::move(passed)),
@@ -154,7 +154,7 @@ bool Comparison::Differ() {
 
 bool Comparison::CompareChanged(dxf::RecordIndex record) {
     const uint64_t handle = store.At(record).handle;
-    if (std::binary_search(texts.begin(), texts.end(), handle, ByHandle())) {
+    if (!TextsOf(handle).empty()) {
         CompareTexts(handle);
     } else if (!(oldRecord.items == newRecord.items) && !records.Changed(oldRecord, newRecord)) {
         OtherIn(oldRecord, "differs");
@@ -167,6 +167,18 @@ bool Comparison::CompareChanged(dxf::RecordIndex record) {
     b = oldRecord.end;
     if (before.substr(b) != after.substr(a)) Other("the lines behind the last group");
     return false;
+}
+
+// Objects mostly stand in the file in the order of their handles, and are asked for several times.
+std::span<const ExpectedText> Comparison::TextsOf(uint64_t handle) {
+    if (!present.empty() && present.front().handle == handle) return present;
+    const auto behind = texts.begin() + (present.data() + present.size() - texts.data());
+    const bool next = behind != texts.end() && behind->handle == handle;
+    const auto begin =
+        next ? behind : std::lower_bound(texts.begin(), texts.end(), handle, ByHandle());
+    const auto isOther = [&](const ExpectedText& text) { return text.handle != handle; };
+    present = {begin, std::find_if(begin, texts.end(), isOther)};
+    return present;
 }
 
 void Comparison::CompareTexts(uint64_t handle) {
@@ -186,12 +198,11 @@ void Comparison::CompareTexts(uint64_t handle) {
 
 bool Comparison::IsExpected(uint64_t handle, const Item& old, const Item& now) {
     if (old.code != now.code || old.xdata != now.xdata) return false;
-    const auto [first, last] = std::equal_range(texts.begin(), texts.end(), handle, ByHandle());
-    for (auto text = first; text != last; ++text) {
-        const auto position = static_cast<size_t>(text - texts.begin());
+    for (const ExpectedText& text : TextsOf(handle)) {
+        const auto position = static_cast<size_t>(&text - texts.data());
         // Each string of xdata takes an expected text of its own; an attribute with a text of
         // several lines inside holds its one text twice.
-        if ((found[position] && text->xdata) || !Matches(*text, old, now)) continue;
+        if ((found[position] && text.xdata) || !Matches(text, old, now)) continue;
         found[position] = true;
         return true;
     }

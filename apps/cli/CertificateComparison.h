@@ -1,6 +1,8 @@
 // The comparison of one stretch of a saved drawing with the same stretch of the file before.
 #pragma once
 
+#include <span>
+
 #include "apps/cli/Certificate.h"
 #include "apps/cli/CertificateRecords.h"
 
@@ -37,6 +39,7 @@ class Comparison {
     bool StepBack();
     bool CompareChanged(dxf::RecordIndex index);
     void CompareTexts(uint64_t handle);
+    std::span<const ExpectedText> TextsOf(uint64_t handle);
     bool IsExpected(uint64_t handle, const Item& old, const Item& now);
     bool Matches(const ExpectedText& text, const Item& old, const Item& now) const;
     bool HeldText(const Item& item, std::u16string_view text) const;  // between blanks
@@ -50,6 +53,7 @@ class Comparison {
     const std::string_view before, after;  // up to the end of the stretch
     const GroupFormat format;
     const std::vector<ExpectedText>& texts;
+    std::span<const ExpectedText> present;  // of the object that was asked for last
     std::vector<bool> found;
     WrittenRecords records;
     Passed passed;

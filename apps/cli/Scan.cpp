@@ -2,10 +2,13 @@
 #include "apps/cli/Scan.h"
 
 #include <algorithm>
+#include <future>
+#include <span>
 
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
 #include "platform/drawing/OdError.h"
+#include "platform/drawing/ReadingThread.h"
 #include "platform/text/Conversion.h"
 #include "translator/cad/CICad.h"
 #include "translator/engine/ITradCad.h"
@@ -26,6 +29,23 @@ std::vector<std::u16string> ChosenPages(const std::vector<std::u16string>& layer
         if (std::find(pages.begin(), pages.end(), wide) == pages.end()) pages.push_back(wide);
     }
     return pages;
+}
+
+// The scan of mixed pages, by two threads.
+traducaoTQ::ListaTraduziveis RunHalves(const traducaoTQ::ITradCad::Pedido& request) {
+    using traducaoTQ::ITradCad;
+    ITradCad scan;
+    const std::vector<OdDbObjectId> ids = scan.BuscarObjetosMistos(request);
+    const std::span<const OdDbObjectId> all(ids);
+    const size_t half = all.size() / 2;
+    auto behind = std::async(std::launch::async, [&] {
+        const OdDbReadingThread reading;
+        return ITradCad::ColherMistos(request, all.subspan(half));
+    });
+    std::vector<ITradCad::Colheita> parts;
+    parts.push_back(ITradCad::ColherMistos(request, all.first(half)));
+    parts.push_back(behind.get());
+    return scan.JuntarColheitas(std::move(parts));
 }
 
 }  // namespace
@@ -57,7 +77,7 @@ traducaoTQ::ListaTraduziveis Scan::Run() const {
     request.textos = !options.noTexts;
     request.camadasDePagina = withPageLayers;
     request.incluirCamada0 = options.layer0;
-    return traducaoTQ::ITradCad().BuscarTraduziveisMistos(request);
+    return RunHalves(request);
 }
 
 // The scan of the commands, which asks for the pages through LISP: the session answers.

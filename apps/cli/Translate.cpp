@@ -1,6 +1,7 @@
 // kelvara translate: writes the translations of the dictionary into a drawing and certifies it.
 #include "apps/cli/Csv.h"
 #include "apps/cli/Failure.h"
+#include "apps/cli/Heap.h"
 #include "apps/cli/Output.h"
 #include "apps/cli/TranslatedDrawing.h"
 
@@ -48,6 +49,7 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     TranslationTable table =
         MakeTable(session, dictionary.get(), std::move(objects), arguments.languages, keep);
     session.CloseDatabase();
+    TakeOverHeaps();
     const std::string csv = arguments.csv.empty() ? std::string() : ToCsv(table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
     if (arguments.csv.empty()) {

@@ -78,6 +78,7 @@ uint32_t BlockIndex::findStanding(const std::u16string& folded) {
 }
 
 uint32_t BlockIndex::findRaw(std::string_view rawName) {
+    const std::lock_guard lock(making);
     build();
     const auto [place, added] = byRawName.try_emplace(std::string(rawName), kNoRecord);
     if (place->second == kNoRecord || database.isErased(place->second)) {
@@ -105,6 +106,7 @@ const OdString& BlockIndex::nameOf(uint32_t index) {
 }
 
 void BlockIndex::build() {
+    const std::lock_guard lock(making);
     if (built) return;
     built = true;
     for (const RecordIndex record : database.structure.blockRecords.records) {
@@ -189,6 +191,7 @@ void BlockIndex::collect(RecordIndex begin, RecordIndex end, Space space,
 }
 
 BlockIndex::Contents BlockIndex::contents(uint32_t index) {
+    const std::lock_guard lock(making);
     build();
     Block& block = blocks.at(index);
     if (block.contents) return block.contents;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,7 +13,8 @@
 
 class OdDbDatabaseImpl;
 
-// Made on first use and kept; erased entities stay in the lists, whose users pass over them.
+// Made on first use and kept; erased entities stay in the lists, whose users pass over them. What a
+// thread that reads beside another asks for (see OdDbReadingThread) may be made for either.
 class BlockIndex {
   public:
     using Contents = std::shared_ptr<const std::vector<dxf::RecordIndex>>;
@@ -57,6 +59,7 @@ class BlockIndex {
                  std::vector<dxf::RecordIndex>& entities) const;
 
     OdDbDatabaseImpl& database;
+    std::recursive_mutex making;  // its functions call each other
     bool built = false;
     std::vector<uint32_t> order;
     std::unordered_map<uint32_t, Block> blocks;

@@ -1,6 +1,7 @@
 // A drawing in memory: its objects by index, their handles, undo.
 #include "platform/drawing/DatabaseImpl.h"
 
+#include "platform/drawing/ReadingThread.h"
 #include "platform/text/Conversion.h"
 
 using dxf::kNoRecord;
@@ -99,7 +100,7 @@ OdDbObjectId OdDbDatabaseImpl::ownerOf(uint32_t index) {
 }
 
 void OdDbDatabaseImpl::forget(OdDbObject& view) {
-    views.Erase(view.index);
+    OdDbReadingThread::viewsOr(views).Erase(view.index);
     if (!virtualObject(view.index)) dictionaries.leave(view.index);
 }
 
@@ -110,13 +111,14 @@ void OdDbDatabaseImpl::adopt(OdDbObject& view, RecordIndex index) {
 }
 
 OdDbObjectPtr OdDbDatabaseImpl::open(uint32_t index, OdDb::OpenMode mode) {
-    OdDbObjectPtr view = views.Find(index);
+    ViewTable& opened = OdDbReadingThread::viewsOr(views);
+    OdDbObjectPtr view = opened.Find(index);
     if (view.isNull()) {
         view = makeView(index);
         view->owner = this;
         view->index = index;
         view->mode = OdDb::kForRead;
-        views[index] = view;
+        opened[index] = view;
     }
     if (mode == OdDb::kForWrite) view->mode = OdDb::kForWrite;
     return view;

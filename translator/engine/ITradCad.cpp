@@ -88,25 +88,44 @@ ListaTraduziveis ITradCad::BuscarTraduziveis(bool atributos, bool textos, bool f
 }
 
 ListaTraduziveis ITradCad::BuscarTraduziveisMistos(const Pedido& pedido) {
+    std::vector<Colheita> colheitas;
+    colheitas.push_back(ColherMistos(pedido, BuscarObjetosMistos(pedido)));
+    return JuntarColheitas(std::move(colheitas));
+}
+
+std::vector<OdDbObjectId> ITradCad::BuscarObjetosMistos(const Pedido& pedido) {
     TQStringList nomes = pedido.paginas;
     if (pedido.camadasDePagina) AcrescentarCamadasDePagina(nomes);
-    ListaTraduziveis lista = NovaLista();
-    ListaTraduziveis fios = NovaLista();
-    for (const OdDbObjectId& id : BuscarObjetosPaginas(SoPaginas(nomes, pedido.incluirCamada0))) {
+    return BuscarObjetosPaginas(SoPaginas(nomes, pedido.incluirCamada0));
+}
+
+ITradCad::Colheita ITradCad::ColherMistos(const Pedido& pedido,
+                                          std::span<const OdDbObjectId> objetos) {
+    Colheita colheita{NovaLista(), NovaLista()};
+    for (const OdDbObjectId& id : objetos) {
         const OdDbObjectPtr objeto = SafeOpen(id);
         if (objeto.isNull()) continue;
         if (const auto bloco = OdDbBlockReference::cast(objeto); !bloco.isNull()) {
-            if (pedido.atributos) ColherAtributos(lista, id);
-            if (pedido.textos) ColherBlocoTextos(lista, *bloco);
+            if (pedido.atributos) ColherAtributos(colheita.lista, id);
+            if (pedido.textos) ColherBlocoTextos(colheita.lista, *bloco);
         } else if (const auto polilinha = OdDbPolyline::cast(objeto); !polilinha.isNull()) {
-            if (pedido.atributos) ColherFios(fios, *polilinha);
+            if (pedido.atributos) ColherFios(colheita.fios, *polilinha);
         } else if (pedido.textos) {
-            ColherTexto(lista, *objeto);
+            ColherTexto(colheita.lista, *objeto);
         }
     }
-    JuntarA(lista, std::move(fios));
-    JuntarA(lista, BuscarAtributosVirtuais());
-    DescartarSemTexto(lista);
+    DescartarSemTexto(colheita.lista);
+    DescartarSemTexto(colheita.fios);
+    return colheita;
+}
+
+ListaTraduziveis ITradCad::JuntarColheitas(std::vector<Colheita> colheitas) {
+    ListaTraduziveis lista = NovaLista();
+    for (Colheita& colheita : colheitas) JuntarA(lista, std::move(colheita.lista));
+    for (Colheita& colheita : colheitas) JuntarA(lista, std::move(colheita.fios));
+    ListaTraduziveis virtuais = BuscarAtributosVirtuais();
+    DescartarSemTexto(virtuais);
+    JuntarA(lista, std::move(virtuais));
     return lista;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <vector>
 
 #include "platform/drawing/DbObjectId.h"
@@ -33,6 +34,16 @@ class ITradCad {
     // The scan of pages that hold lines and texts beside blocks: the same collectors, order and
     // filter, each collector called only for the objects that it takes.
     ListaTraduziveis BuscarTraduziveisMistos(const Pedido& pedido);
+
+    // The same in three steps, for who shares the second one between threads: the entities of the
+    // pages, what some of them bear, and all of it in the order of the scan.
+    struct Colheita {
+        ListaTraduziveis lista;
+        ListaTraduziveis fios;  // behind the lists of all pages
+    };
+    std::vector<OdDbObjectId> BuscarObjetosMistos(const Pedido& pedido);
+    static Colheita ColherMistos(const Pedido& pedido, std::span<const OdDbObjectId> objetos);
+    ListaTraduziveis JuntarColheitas(std::vector<Colheita> colheitas);
 
   private:
     std::vector<OdDbObjectId> BuscarObjetosPaginas(const TQStringList& paginas);
