@@ -152,12 +152,14 @@ std::u16string TextCodec::Decode(std::string_view raw) const {
 }
 
 bool TextCodec::Reads(std::string_view raw, std::u16string_view text) const {
-    const size_t plain = PlainLength(raw);
-    if (plain > text.size() || !std::equal(raw.begin(), raw.begin() + plain, text.begin()))
-        return false;
-    raw.remove_prefix(plain);
-    text.remove_prefix(plain);
-    return raw.empty() ? text.empty() : Decode(raw) == text;
+    const auto bears = [](char byte, char16_t unit) {
+        return IsPlainByte(byte) && static_cast<unsigned char>(byte) == unit;
+    };
+    const auto [byte, unit] =
+        std::mismatch(raw.begin(), raw.end(), text.begin(), text.end(), bears);
+    if (byte == raw.end()) return unit == text.end();
+    if (IsPlainByte(*byte)) return false;
+    return Decode({byte, raw.end()}) == std::u16string_view(unit, text.end());
 }
 
 std::string TextCodec::Encode(std::u16string_view text) const {
