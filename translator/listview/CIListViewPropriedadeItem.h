@@ -53,20 +53,19 @@ class CELstPropriedadeSubItem : public CArray<CIListViewPropriedadeItem*> {
     bool IsEmpty() const { return colunas == 0; }
     // Never null; a column out of range throws CInvalidArgException.
     CIListViewPropriedadeItem* GetAt(int column);
+    // The same, to assign valores at once: what they are before is nobody's business.
+    CIListViewPropriedadeItem& ParaPorValores(int column);
     const CIListViewPropriedadeItem& Ver(int column) const;  // as it is, or as it would be made
 
   private:
-    using Feitas = CArray<CIListViewPropriedadeItem*>;  // up to the last one made
+    using Feitas = CArray<CIListViewPropriedadeItem*>;  // null: not made, or of a former row
+    bool EstaFeita(int column) const;
     void Conferir(int column) const;
-    void Fazer(int column);
-
-    static constexpr int kBloco = 3;
-    using Bloco = std::array<CIListViewPropriedadeItem, kBloco>;
+    CIListViewPropriedadeItem& Lugar(int column);
 
     int colunas;
-    Bloco primeiro;  // mostly the only one
-    bool primeiroFeito = false;
-    std::forward_list<Bloco> outros;
+    std::array<CIListViewPropriedadeItem, 3> primeiras;  // mostly the only ones
+    std::forward_list<CIListViewPropriedadeItem> outras;
 };
 
 }  // namespace ListView
