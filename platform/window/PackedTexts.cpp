@@ -6,6 +6,7 @@
 namespace window {
 
 void PackedTexts::Set(size_t number, std::u16string_view text) {
+    if (number < count && At(number) == text) return;
     const size_t added = number < count ? 0 : number + 1 - count;
     Reserve(block.size() + HeadOf(added) + text.size());
     while (count <= number) Add(count);

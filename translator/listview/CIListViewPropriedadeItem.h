@@ -24,22 +24,23 @@ enum tipoCelula : int32_t {
 // Character classes of a text cell; other numbers take every character.
 enum formatoTexto : int32_t { DIGITOS = 0, IDENTIFICADOR = 3 };
 
-// The value of a cell; what the list shows is only a copy of it.
+// The value of a cell; what the list shows is only a copy of it. What a list is filled with stands
+// side by side: lists of many rows are bound by the memory that they touch.
 struct CIListViewPropriedadeItem {
-    TQString chave;             // the owner's key
-    TQString descricao;         // stays empty: the texts given for it are dropped
-    TQStringList valores;       // an edit cell has one, a list cell has its options
-    TQStringList complementos;  // right-hand texts of the proposals
-    TQStringList reserva;       // nothing fills it
-    int32_t indice = -1;        // present entry of valores
+    TQString chave;        // the owner's key
+    TQStringList valores;  // an edit cell has one, a list cell has its options
+    int32_t indice = -1;   // present entry of valores
     int32_t indiceAnterior = -1;
-    int32_t tipo = -1;  // tipoCelula
-    bool editavel = false;
+    int32_t tipo = -1;     // tipoCelula
     int32_t formato = -1;  // formatoTexto
     int32_t limite = 0;    // longest text
+    bool editavel = false;
     bool desabilitado = false;
     bool destaque = false;
     bool negrito = false;
+    TQString descricao;         // stays empty: the texts given for it are dropped
+    TQStringList complementos;  // right-hand texts of the proposals
+    TQStringList reserva;       // nothing fills it
 };
 
 // The cells of a row, one for each column that the list had ever had when the row was made. A
