@@ -18,38 +18,48 @@ void Limpar(CIListViewPropriedadeItem& cell) {
 }  // namespace
 
 CIListViewPropriedadeItem* CELstPropriedadeSubItem::GetAt(int column) {
-    Conferir(column);
-    if (!EstaFeita(column)) ParaPorValores(column).valores.clear();
-    return Feitas::GetAt(column);
+    if (CIListViewPropriedadeItem* made = Feita(*this, column)) return made;
+    CIListViewPropriedadeItem& cell = Fazer(column);
+    cell.valores.clear();
+    return &cell;
 }
 
 CIListViewPropriedadeItem& CELstPropriedadeSubItem::ParaPorValores(int column) {
-    Conferir(column);
-    if (!EstaFeita(column)) {
-        if (column >= Feitas::GetSize()) SetSize(column + 1);
-        SetAt(column, &Lugar(column));
-    }
-    return *Feitas::GetAt(column);
-}
-
-bool CELstPropriedadeSubItem::EstaFeita(int column) const {
-    return column < Feitas::GetSize() && Feitas::GetAt(column);
+    CIListViewPropriedadeItem* made = Feita(*this, column);
+    return made ? *made : Fazer(column);
 }
 
 const CIListViewPropriedadeItem& CELstPropriedadeSubItem::Ver(int column) const {
     static const CIListViewPropriedadeItem unused;
-    Conferir(column);
-    return EstaFeita(column) ? *Feitas::GetAt(column) : unused;
+    const CIListViewPropriedadeItem* made = Feita(*this, column);
+    return made ? *made : unused;
 }
 
-CIListViewPropriedadeItem& CELstPropriedadeSubItem::Lugar(int column) {
-    if (static_cast<size_t>(column) >= primeiras.size()) return outras.emplace_front();
-    Limpar(primeiras[static_cast<size_t>(column)]);
-    return primeiras[static_cast<size_t>(column)];
+template <class Linha>
+auto CELstPropriedadeSubItem::Feita(Linha& row, int column) -> decltype(row.primeiras.data()) {
+    row.Conferir(column);
+    if (column < kPrimeiras) {
+        const auto first = static_cast<size_t>(column);
+        return row.feitas[first] ? &row.primeiras[first] : nullptr;
+    }
+    return column < row.Outras::GetSize() ? row.Outras::GetAt(column) : nullptr;
+}
+
+CIListViewPropriedadeItem& CELstPropriedadeSubItem::Fazer(int column) {
+    if (column >= kPrimeiras) {
+        if (column >= Outras::GetSize()) SetSize(column + 1);
+        SetAt(column, &outras.emplace_front());
+        return outras.front();
+    }
+    CIListViewPropriedadeItem& cell = primeiras[static_cast<size_t>(column)];
+    Limpar(cell);
+    feitas.set(static_cast<size_t>(column));
+    return cell;
 }
 
 void CELstPropriedadeSubItem::Reiniciar(int columns) {
     colunas = columns;
+    feitas.reset();
     SetSize(0);
     outras.clear();
 }

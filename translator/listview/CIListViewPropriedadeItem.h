@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <forward_list>
 
@@ -59,14 +60,19 @@ class CELstPropriedadeSubItem : public CArray<CIListViewPropriedadeItem*> {
     const CIListViewPropriedadeItem& Ver(int column) const;  // as it is, or as it would be made
 
   private:
-    using Feitas = CArray<CIListViewPropriedadeItem*>;  // null: not made, or of a former row
-    bool EstaFeita(int column) const;
+    using Outras = CArray<CIListViewPropriedadeItem*>;  // up to the last one made
+    static constexpr int kPrimeiras = 3;
+
     void Conferir(int column) const;
-    CIListViewPropriedadeItem& Lugar(int column);
+    template <class Linha>  // null while it is not made
+    static auto Feita(Linha& row, int column) -> decltype(row.primeiras.data());
+    CIListViewPropriedadeItem& Fazer(int column);
 
     int colunas;
-    std::array<CIListViewPropriedadeItem, 3> primeiras;  // mostly the only ones
-    std::forward_list<CIListViewPropriedadeItem> outras;
+    // The first cells, mostly the only ones, lie in the row itself and keep their memory.
+    std::bitset<kPrimeiras> feitas;
+    std::array<CIListViewPropriedadeItem, kPrimeiras> primeiras;
+    std::forward_list<CIListViewPropriedadeItem> outras;  // owner of what the array points at
 };
 
 }  // namespace ListView
