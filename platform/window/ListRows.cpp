@@ -11,6 +11,7 @@ struct ListRows::Row {
     explicit Row(std::pmr::memory_resource* memory) : texts(memory) {}
     PackedTexts texts;  // of the columns up to the last one that was set
     int number = 0;     // right for the first `numbered` rows
+    unsigned cut = 0;   // texts of columns that are gone may be left while this is not `cuts`
     Data data = 0;
 };
 
@@ -25,10 +26,16 @@ ListRows::Row* ListRows::NewRow() {
     return row;
 }
 
+void ListRows::Cut(Row& row) const {
+    if (row.cut != cuts) row.texts.Truncate(static_cast<size_t>(kept));
+    row.cut = cuts;
+}
+
 int ListRows::Insert(int row, std::u16string_view text, Data data) {
     if (row < 0 || row > Count()) row = Count();
     Row* const inserted = NewRow();
     inserted->texts.Set(0, text);
+    inserted->cut = cuts;
     inserted->data = data;
     inserted->number = row;
     if (indexed && data) index.emplace(data, inserted);
@@ -62,23 +69,40 @@ void ListRows::Reserve(int count) { rows.reserve(static_cast<size_t>(std::max(co
 void ListRows::InsertColumn(int column) {
     // The text of a list without columns becomes that of its first column; behind the last column
     // no row has a text.
-    if (column < columns)
-        for (Row* row : rows) row->texts.Insert(static_cast<size_t>(column));
+    if (column < columns) {
+        for (Row* row : rows) {
+            Cut(*row);
+            row->texts.Insert(static_cast<size_t>(column));
+        }
+    }
     ++columns;
 }
 
 void ListRows::EraseColumn(int column) {
-    for (Row* row : rows) row->texts.Erase(static_cast<size_t>(column));
     --columns;
+    // Rows lose the texts of the last column when they get others: most are then in use anyway.
+    const bool last = column == columns;
+    if (last && kept == column) {
+        ++cuts;
+        return;
+    }
+    for (Row* row : rows) {
+        Cut(*row);
+        row->texts.Erase(static_cast<size_t>(column));
+    }
+    if (last) kept = column;
 }
 
 std::u16string_view ListRows::Text(int row, int column) const {
-    return At(row).texts.At(static_cast<size_t>(column));
+    const Row& asked = At(row);
+    if (column >= kept && asked.cut != cuts) return {};
+    return asked.texts.At(static_cast<size_t>(column));
 }
 
 bool ListRows::SetText(int row, int column, std::u16string_view text) {
     Row& changed = At(row);
     if (column < 0 || column >= std::max(columns, 1)) return false;
+    Cut(changed);
     changed.texts.Set(static_cast<size_t>(column), text);
     return true;
 }

@@ -86,6 +86,7 @@ class ListRows {
     static bool AllDiffer(const std::vector<Compared>& rows);
 
     Row* NewRow();
+    void Cut(Row& row) const;
 
     // Rows, texts and index each lie close together: a sort goes through them again and again.
     std::pmr::unsynchronized_pool_resource memory;
@@ -94,6 +95,9 @@ class ListRows {
     std::vector<Row*> spare;   // the last of them is used first
     mutable int numbered = 0;  // so many rows at the head know their number
     int columns = 0;
+    // So many times the rows were to keep the texts of the first `kept` columns only.
+    unsigned cuts = 0;
+    int kept = 0;
     bool single = false;
     // Of data other than 0, which every row begins with. Made at the first look-up: a list that is
     // filled again and again may never need it.

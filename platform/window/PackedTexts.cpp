@@ -33,6 +33,13 @@ void PackedTexts::Erase(size_t number) {
     --count;
 }
 
+void PackedTexts::Truncate(size_t number) {
+    if (number >= count) return;
+    block.resize(HeadOf(count) + Begin(number));
+    block.erase(HeadOf(number), HeadOf(count) - HeadOf(number));
+    count = static_cast<uint32_t>(number);
+}
+
 // No more than that: a string that grows by itself takes twice what it holds.
 void PackedTexts::Reserve(size_t units) {
     if (units <= block.capacity()) return;
