@@ -262,8 +262,8 @@ constexpr struct {
     double Times::*time;
     bool logarithm;
     double growth;
-} kParts[] = {{"a click on a filter", &Times::filter, false, 1.5},
-              {"a change of the target", &Times::target, false, 1.75},
+} kParts[] = {{"a click on a filter", &Times::filter, false, 1.25},
+              {"a change of the target", &Times::target, false, 1.65},
               {"a sort", &Times::sort, true, 1.25}};
 
 double GrowthOver(bool logarithm, const std::vector<Times>& times, double Times::*part) {
