@@ -11,6 +11,7 @@ struct ListRows::Row {
     explicit Row(std::pmr::memory_resource* memory) : texts(memory) {}
     PackedTexts texts;  // of the columns up to the last one that was set
     int number = 0;     // right for the first `numbered` rows
+    unsigned cut = 0;   // texts of columns that are gone may be left while this is not `cuts`
     Data data = 0;
 };
 
@@ -25,13 +26,19 @@ ListRows::Row* ListRows::NewRow() {
     return row;
 }
 
+void ListRows::Cut(Row& row) const {
+    if (row.cut != cuts) row.texts.Truncate(static_cast<size_t>(kept));
+    row.cut = cuts;
+}
+
 int ListRows::Insert(int row, std::u16string_view text, Data data) {
     if (row < 0 || row > Count()) row = Count();
     Row* const inserted = NewRow();
     inserted->texts.Set(0, text);
+    inserted->cut = cuts;
     inserted->data = data;
     inserted->number = row;
-    if (data) index.emplace(data, inserted);
+    if (indexed && data) index.emplace(data, inserted);
     const bool known = row == Count() && numbered == row;
     rows.insert(rows.begin() + row, inserted);
     numbered = known ? row + 1 : std::min(numbered, row);
@@ -47,37 +54,55 @@ void ListRows::Erase(int row) {
 
 void ListRows::Clear() {
     index.clear();
+    indexed = false;
     selected.clear();
     focused = mark = nullptr;
-    spare.insert(spare.end(), rows.rbegin(), rows.rend());
+    // In the order in which they lie in memory, whatever the list has been sorted by.
+    spare.clear();
+    for (auto row = made.rbegin(); row != made.rend(); ++row) spare.push_back(&*row);
     rows.clear();
     numbered = 0;
 }
 
-void ListRows::Reserve(int count) {
-    rows.reserve(static_cast<size_t>(std::max(count, 0)));
-    index.reserve(static_cast<size_t>(std::max(count, 0)));
-}
+void ListRows::Reserve(int count) { rows.reserve(static_cast<size_t>(std::max(count, 0))); }
 
 void ListRows::InsertColumn(int column) {
-    // The text of a list without columns becomes that of its first column.
-    if (columns > 0)
-        for (Row* row : rows) row->texts.Insert(static_cast<size_t>(column));
+    // The text of a list without columns becomes that of its first column; behind the last column
+    // no row has a text.
+    if (column < columns) {
+        for (Row* row : rows) {
+            Cut(*row);
+            row->texts.Insert(static_cast<size_t>(column));
+        }
+    }
     ++columns;
 }
 
 void ListRows::EraseColumn(int column) {
-    for (Row* row : rows) row->texts.Erase(static_cast<size_t>(column));
     --columns;
+    // Rows lose the texts of the last column when they get others: most are then in use anyway.
+    const bool last = column == columns;
+    if (last && kept == column) {
+        ++cuts;
+        return;
+    }
+    for (Row* row : rows) {
+        Cut(*row);
+        row->texts.Erase(static_cast<size_t>(column));
+    }
+    if (last) kept = column;
 }
 
 std::u16string_view ListRows::Text(int row, int column) const {
-    return At(row).texts.At(static_cast<size_t>(column));
+    const Row& asked = At(row);
+    if (column >= kept && asked.cut != cuts) return {};
+    return asked.texts.At(static_cast<size_t>(column));
 }
 
 bool ListRows::SetText(int row, int column, std::u16string_view text) {
     Row& changed = At(row);
     if (column < 0 || column >= std::max(columns, 1)) return false;
+    Cut(changed);
     changed.texts.Set(static_cast<size_t>(column), text);
     return true;
 }
@@ -88,7 +113,7 @@ void ListRows::SetData(int row, Data data) {
     Row& changed = At(row);
     RemoveFromIndex(changed);
     changed.data = data;
-    if (data) index.emplace(data, &changed);
+    if (indexed && data) index.emplace(data, &changed);
 }
 
 int ListRows::Find(Data data, int after) const {
@@ -98,8 +123,9 @@ int ListRows::Find(Data data, int after) const {
             if (!rows[row]->data) found = row;
         return found;
     }
-    for (const Row* row : compared)
-        if (row && row->data == data && NumberOf(row) > after) return NumberOf(row);
+    for (const Compared& row : compared)
+        if (row.data == data && row.number > after) return row.number;
+    if (!indexed) MakeIndex();
     const auto [first, last] = index.equal_range(data);
     for (auto entry = first; entry != last; ++entry) {
         const int row = NumberOf(entry->second);
@@ -166,28 +192,40 @@ int ListRows::SetMark(int row) {
 }
 
 void ListRows::Sort(const Compare& compare) {
-    std::vector<Row*> sorted = rows;
-    const bool distinct = AllDataDiffer();
-    const auto before = [&](const Row* a, const Row* b) {
-        // Comparisons find their rows by these data: two look-ups fewer for each of them.
+    std::vector<Compared> sorted;
+    sorted.reserve(rows.size());
+    for (int row = 0; row < Count(); ++row) sorted.push_back({rows[row]->data, row});
+    const bool distinct = AllDiffer(sorted);
+    const auto before = [&](const Compared& a, const Compared& b) {
+        // Comparisons find their rows by these data: no look-ups for them.
         if (distinct) compared = {a, b};
-        return compare(a->data, b->data) < 0;
+        return compare(a.data, b.data) < 0;
     };
     struct EndOfComparing {
         ListRows& list;
         ~EndOfComparing() { list.compared = {}; }
     } end{*this};
     std::stable_sort(sorted.begin(), sorted.end(), before);
-    rows = std::move(sorted);
+    std::vector<Row*> moved;
+    moved.reserve(rows.size());
+    for (const Compared& row : sorted) moved.push_back(rows[row.number]);
+    rows = std::move(moved);
     numbered = 0;
 }
 
-bool ListRows::AllDataDiffer() const {
-    for (auto entry = index.begin(); entry != index.end(); ++entry) {
-        const auto next = std::next(entry);
-        if (next != index.end() && next->first == entry->first) return false;
-    }
-    return index.size() == rows.size();
+bool ListRows::AllDiffer(const std::vector<Compared>& rows) {
+    std::vector<Data> data;
+    data.reserve(rows.size());
+    for (const Compared& row : rows) data.push_back(row.data);
+    std::sort(data.begin(), data.end());
+    return std::adjacent_find(data.begin(), data.end()) == data.end();
+}
+
+void ListRows::MakeIndex() const {
+    index.reserve(rows.size());
+    for (Row* row : rows)
+        if (row->data) index.emplace(row->data, row);
+    indexed = true;
 }
 
 int ListRows::NumberOf(const Row* row) const {
@@ -205,6 +243,7 @@ void ListRows::Forget(Row& row) {
 }
 
 void ListRows::RemoveFromIndex(Row& row) {
+    if (!indexed) return;
     auto [entry, last] = index.equal_range(row.data);
     entry = std::find_if(entry, last, [&](const auto& pair) { return pair.second == &row; });
     if (entry != last) index.erase(entry);

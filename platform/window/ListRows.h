@@ -76,9 +76,17 @@ class ListRows {
     int NumberOf(const Row* row) const;
     void Forget(Row& row);
     void RemoveFromIndex(Row& row);
-    bool AllDataDiffer() const;
+    void MakeIndex() const;
+
+    // A row while a list is sorted: dense, since a sort goes through all of them again and again.
+    struct Compared {
+        Data data = 0;
+        int number = -1;
+    };
+    static bool AllDiffer(const std::vector<Compared>& rows);
 
     Row* NewRow();
+    void Cut(Row& row) const;
 
     // Rows, texts and index each lie close together: a sort goes through them again and again.
     std::pmr::unsynchronized_pool_resource memory;
@@ -87,13 +95,18 @@ class ListRows {
     std::vector<Row*> spare;   // the last of them is used first
     mutable int numbered = 0;  // so many rows at the head know their number
     int columns = 0;
+    // So many times the rows were to keep the texts of the first `kept` columns only.
+    unsigned cuts = 0;
+    int kept = 0;
     bool single = false;
-    // Of data other than 0, which every row begins with.
-    std::pmr::unordered_multimap<Data, Row*> index{&memory};
+    // Of data other than 0, which every row begins with. Made at the first look-up: a list that is
+    // filled again and again may never need it.
+    mutable std::pmr::unordered_multimap<Data, Row*> index{&memory};
+    mutable bool indexed = false;
     std::unordered_set<Row*> selected;
     Row* focused = nullptr;
     Row* mark = nullptr;
-    std::array<const Row*, 2> compared{};  // while a list of distinct data is sorted
+    std::array<Compared, 2> compared;  // while a list of distinct data is sorted
 };
 
 }  // namespace window

@@ -6,6 +6,7 @@
 namespace window {
 
 void PackedTexts::Set(size_t number, std::u16string_view text) {
+    if (number < count && At(number) == text) return;
     const size_t added = number < count ? 0 : number + 1 - count;
     Reserve(block.size() + HeadOf(added) + text.size());
     while (count <= number) Add(count);
@@ -30,6 +31,13 @@ void PackedTexts::Erase(size_t number) {
     Set(number, {});
     block.erase(HeadOf(number), 2);
     --count;
+}
+
+void PackedTexts::Truncate(size_t number) {
+    if (number >= count) return;
+    block.resize(HeadOf(count) + Begin(number));
+    block.erase(HeadOf(number), HeadOf(count) - HeadOf(number));
+    count = static_cast<uint32_t>(number);
 }
 
 // No more than that: a string that grows by itself takes twice what it holds.

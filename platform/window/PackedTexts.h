@@ -23,6 +23,7 @@ class PackedTexts {
     void Set(size_t number, std::u16string_view text);  // beyond the last: empty ones between
     void Insert(size_t number);                         // an empty one; beyond the last: nothing
     void Erase(size_t number);                          // beyond the last: nothing
+    void Truncate(size_t number);                       // only the first ones stay
     void Clear() {                                      // and keeps the memory
         block.clear();
         count = 0;

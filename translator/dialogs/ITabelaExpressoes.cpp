@@ -153,16 +153,19 @@ void ITabelaExpressoes::AtualizarExpressoes(const std::optional<TQString>& idiom
 
 void ITabelaExpressoes::Traduzir(size_t colunaOrigem, size_t colunaDestino) {
     const auto termos = TermosDasLinhas(*expressoes, traducoes->terms, colunaOrigem);
+    // An empty text of the first equal term ends the search: later terms do not count.
+    std::vector<std::u16string_view> textos;
+    textos.reserve(termos.size());
+    for (const structTermo* termo : termos) {
+        textos.push_back(termo ? std::u16string_view(termo->translations.at(colunaDestino))
+                               : std::u16string_view());
+    }
     for (size_t i = 0; i < termos.size(); ++i) {
         structExpressao& linha = *(*expressoes)[i];
         if (EstaFeitaPeloUsuario(linha)) continue;
-        Limpar(linha);
-        // An empty text of the first equal term ends the search: later terms do not count.
-        if (termos[i] && !termos[i]->translations.at(colunaDestino).empty()) {
-            linha.traducao = termos[i]->translations[colunaDestino];
-            linha.estado = Automatica;
-            linha.termo = termos[i];
-        }
+        linha.traducao.assign(textos[i]);
+        linha.estado = textos[i].empty() ? NaoTraduzido : Automatica;
+        if (linha.estado == Automatica) linha.termo = termos[i];
         linha.rotuloEstado = RotuloDe(linha.estado);
     }
 }

@@ -11,13 +11,20 @@ namespace {
 // How many texts ahead the place in the table, the view and the text itself are fetched.
 constexpr size_t kDistanciaCasa = 24, kDistanciaVista = 16, kDistanciaTexto = 8;
 
+// Texts of a drawing are short: the first and the last line of memory are mostly all.
+void AnteciparTexto(std::u16string_view texto) {
+    __builtin_prefetch(texto.data());
+    __builtin_prefetch(texto.data() + texto.size());
+}
+
 uint32_t MarcaDe(size_t hash) { return static_cast<uint32_t>(hash >> 32); }
 
 std::vector<size_t> HashesDe(const IndiceTextos::Vistas& textos) {
     std::vector<size_t> hashes;
     hashes.reserve(textos.size() + kDistanciaCasa);
-    for (std::u16string_view texto : textos) {
-        hashes.push_back(std::hash<std::u16string_view>()(texto));
+    for (size_t i = 0; i < textos.size(); ++i) {
+        if (i + kDistanciaTexto < textos.size()) AnteciparTexto(textos[i + kDistanciaTexto]);
+        hashes.push_back(std::hash<std::u16string_view>()(textos[i]));
     }
     hashes.resize(textos.size() +
                   kDistanciaCasa);  // so that fetching ahead need not look for the end
@@ -68,7 +75,7 @@ void IndiceTextos::Antecipar(const std::vector<size_t>& hashes, size_t proximo) 
         __builtin_prefetch(&numerados[numero - 1]);
     }
     if (const uint32_t numero = casa(kDistanciaTexto).numero) {
-        __builtin_prefetch(numerados[numero - 1].data());
+        AnteciparTexto(numerados[numero - 1]);
     }
 }
 

@@ -15,11 +15,9 @@ TQString PastaDoValor(const TQString& value) {
     return slash == TQString::npos ? TQString() : TQString(value.substr(0, slash));
 }
 
-TQStringList UmValor(const TQString& value) {
-    TQStringList values;
-    values.push_back(value);
-    return values;
-}
+// In place: the memory of former values serves again.
+void PorValores(TQStringList& values, const TQString& value) { values.assign(1, value); }
+void PorValores(TQStringList& values, const TQStringList& all) { values = all; }
 
 // Null for an index out of range.
 const TQString* ValorEm(const CIListViewPropriedadeItem& cell, int32_t index) {
@@ -27,10 +25,11 @@ const TQString* ValorEm(const CIListViewPropriedadeItem& cell, int32_t index) {
     return &*std::next(cell.valores.begin(), index);
 }
 
-void Preencher(CIListViewPropriedadeItem& cell, const TQString& key, TQStringList values,
+template <class Valores>
+void Preencher(CIListViewPropriedadeItem& cell, const TQString& key, const Valores& values,
                int32_t limit, int32_t kind, int32_t format, bool editable, int32_t index) {
     cell.chave = key;
-    cell.valores = std::move(values);
+    PorValores(cell.valores, values);
     cell.indice = index;
     cell.tipo = kind;
     cell.formato = format;
@@ -43,6 +42,7 @@ void Escolher(CIListViewPropriedadeItem& cell, int32_t index) {
     cell.indice = index;
 }
 
+const TQString& Primeiro(const TQString& value) { return value; }
 const TQString& Primeiro(const TQStringList& values) {
     static const TQString none;
     return values.empty() ? none : values.front();
@@ -69,7 +69,7 @@ CIListViewPropriedadeItem* CIListViewEdit::AddItem(const TQString& key, const TQ
                                                    const TQString& value, int32_t limit,
                                                    int32_t kind, int32_t format, bool editable,
                                                    int32_t index) {
-    return AcrescentarItem(key, UmValor(value), limit, kind, format, editable, index);
+    return AcrescentarItem(key, value, limit, kind, format, editable, index);
 }
 
 CIListViewPropriedadeItem* CIListViewEdit::AddItem(const TQString& key, const TQString&,
@@ -88,25 +88,26 @@ CELstPropriedadeSubItem& CIListViewEdit::NovaLinha() {
     return *linhas.back();
 }
 
-CIListViewPropriedadeItem* CIListViewEdit::AcrescentarItem(const TQString& key, TQStringList values,
-                                                           int32_t limit, int32_t kind,
-                                                           int32_t format, bool editable,
-                                                           int32_t index) {
+template <class Valores>
+CIListViewPropriedadeItem* CIListViewEdit::AcrescentarItem(const TQString& key,
+                                                           const Valores& values, int32_t limit,
+                                                           int32_t kind, int32_t format,
+                                                           bool editable, int32_t index) {
     const int row = InsertItem(GetItemCount(), Primeiro(values));
     if (row < 0) return nullptr;
     CELstPropriedadeSubItem& cells = NovaLinha();
     SetItemData(row, reinterpret_cast<LPARAM>(&cells));
     if (cells.IsEmpty()) return nullptr;
-    CIListViewPropriedadeItem* cell = cells.GetAt(0);
-    Preencher(*cell, key, std::move(values), limit, kind, format, editable, index);
-    return cell;
+    CIListViewPropriedadeItem& cell = cells.ParaPorValores(0);
+    Preencher(cell, key, values, limit, kind, format, editable, index);
+    return &cell;
 }
 
 CIListViewPropriedadeItem* CIListViewEdit::SetSubItem(int32_t row, int32_t col, const TQString& key,
                                                       const TQString&, const TQString& value,
                                                       int32_t limit, int32_t kind, int32_t format,
                                                       bool editable, int32_t index) {
-    return PorCelula(row, col, key, UmValor(value), limit, kind, format, editable, index);
+    return PorCelula(row, col, key, value, limit, kind, format, editable, index);
 }
 
 CIListViewPropriedadeItem* CIListViewEdit::SetSubItem(int32_t row, int32_t col, const TQString& key,
@@ -116,17 +117,19 @@ CIListViewPropriedadeItem* CIListViewEdit::SetSubItem(int32_t row, int32_t col, 
     return PorCelula(row, col, key, values, limit, kind, format, editable, index);
 }
 
+template <class Valores>
 CIListViewPropriedadeItem* CIListViewEdit::PorCelula(int32_t row, int32_t col, const TQString& key,
-                                                     TQStringList values, int32_t limit,
+                                                     const Valores& values, int32_t limit,
                                                      int32_t kind, int32_t format, bool editable,
                                                      int32_t index) {
-    CIListViewPropriedadeItem* cell = Celula(row, col);
-    if (!cell) return nullptr;
-    Preencher(*cell, key, std::move(values), limit, kind, format, editable, index);
-    const TQString& value = Primeiro(cell->valores);
+    CELstPropriedadeSubItem* cells = Linha(row);
+    if (!cells) return nullptr;
+    CIListViewPropriedadeItem& cell = cells->ParaPorValores(col);
+    Preencher(cell, key, values, limit, kind, format, editable, index);
+    const TQString& value = Primeiro(cell.valores);
     SetItemText(row, col, value);
     if (kind == ARQUIVO) pastaAtual = pastaBase + PastaDoValor(value);
-    return cell;
+    return &cell;
 }
 
 CELstPropriedadeSubItem* CIListViewEdit::Linha(int32_t row) const {

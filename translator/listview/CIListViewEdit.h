@@ -137,11 +137,14 @@ class CIListViewEdit : public CListCtrl {
   private:
     CELstPropriedadeSubItem* Linha(int32_t row) const;
     CELstPropriedadeSubItem& NovaLinha();
-    CIListViewPropriedadeItem* AcrescentarItem(const TQString& key, TQStringList values,
+    // Values are one text or a list of them.
+    template <class Valores>
+    CIListViewPropriedadeItem* AcrescentarItem(const TQString& key, const Valores& values,
                                                int32_t limit, int32_t kind, int32_t format,
                                                bool editable, int32_t index);
+    template <class Valores>
     CIListViewPropriedadeItem* PorCelula(int32_t row, int32_t col, const TQString& key,
-                                         TQStringList values, int32_t limit, int32_t kind,
+                                         const Valores& values, int32_t limit, int32_t kind,
                                          int32_t format, bool editable, int32_t index);
     void MostrarValor(int32_t row, int32_t col, const CIListViewPropriedadeItem& cell);
 

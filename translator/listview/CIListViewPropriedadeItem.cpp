@@ -1,49 +1,67 @@
 // The records of a row, made as they are used.
 #include "translator/listview/CIListViewPropriedadeItem.h"
 
-#include <algorithm>
-
 namespace ListView {
 
 namespace {
 
+// As it was made, but for the values: their memory serves again, and that of the key.
 void Limpar(CIListViewPropriedadeItem& cell) {
-    TQString key = std::move(cell.chave);  // its memory serves again
+    TQString key = std::move(cell.chave);
+    TQStringList values = std::move(cell.valores);
     key.clear();
     cell = {};
     cell.chave = std::move(key);
+    cell.valores = std::move(values);
 }
 
 }  // namespace
 
 CIListViewPropriedadeItem* CELstPropriedadeSubItem::GetAt(int column) {
-    Conferir(column);
-    if (column >= Feitas::GetSize() || !Feitas::GetAt(column)) Fazer(column);
-    return Feitas::GetAt(column);
+    if (CIListViewPropriedadeItem* made = Feita(*this, column)) return made;
+    CIListViewPropriedadeItem& cell = Fazer(column);
+    cell.valores.clear();
+    return &cell;
+}
+
+CIListViewPropriedadeItem& CELstPropriedadeSubItem::ParaPorValores(int column) {
+    CIListViewPropriedadeItem* made = Feita(*this, column);
+    return made ? *made : Fazer(column);
 }
 
 const CIListViewPropriedadeItem& CELstPropriedadeSubItem::Ver(int column) const {
     static const CIListViewPropriedadeItem unused;
-    Conferir(column);
-    const CIListViewPropriedadeItem* cell =
-        column < Feitas::GetSize() ? Feitas::GetAt(column) : nullptr;
-    return cell ? *cell : unused;
+    const CIListViewPropriedadeItem* made = Feita(*this, column);
+    return made ? *made : unused;
 }
 
-void CELstPropriedadeSubItem::Fazer(int column) {
-    const int first = column - column % kBloco;
-    SetSize(std::max(Feitas::GetSize(), first + kBloco));
-    Bloco& made = primeiroFeito ? outros.emplace_front() : primeiro;
-    primeiroFeito = true;
-    for (int i = 0; i < kBloco; ++i) SetAt(first + i, &made[static_cast<size_t>(i)]);
+template <class Linha>
+auto CELstPropriedadeSubItem::Feita(Linha& row, int column) -> decltype(row.primeiras.data()) {
+    row.Conferir(column);
+    if (column < kPrimeiras) {
+        const auto first = static_cast<size_t>(column);
+        return row.feitas[first] ? &row.primeiras[first] : nullptr;
+    }
+    return column < row.Outras::GetSize() ? row.Outras::GetAt(column) : nullptr;
+}
+
+CIListViewPropriedadeItem& CELstPropriedadeSubItem::Fazer(int column) {
+    if (column >= kPrimeiras) {
+        if (column >= Outras::GetSize()) SetSize(column + 1);
+        SetAt(column, &outras.emplace_front());
+        return outras.front();
+    }
+    CIListViewPropriedadeItem& cell = primeiras[static_cast<size_t>(column)];
+    Limpar(cell);
+    feitas.set(static_cast<size_t>(column));
+    return cell;
 }
 
 void CELstPropriedadeSubItem::Reiniciar(int columns) {
     colunas = columns;
+    feitas.reset();
     SetSize(0);
-    if (primeiroFeito) std::for_each(primeiro.begin(), primeiro.end(), Limpar);
-    primeiroFeito = false;
-    outros.clear();
+    outras.clear();
 }
 
 void CELstPropriedadeSubItem::Conferir(int column) const {

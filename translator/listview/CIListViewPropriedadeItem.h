@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <forward_list>
 
@@ -24,22 +25,23 @@ enum tipoCelula : int32_t {
 // Character classes of a text cell; other numbers take every character.
 enum formatoTexto : int32_t { DIGITOS = 0, IDENTIFICADOR = 3 };
 
-// The value of a cell; what the list shows is only a copy of it.
+// The value of a cell; what the list shows is only a copy of it. What a list is filled with stands
+// side by side: lists of many rows are bound by the memory that they touch.
 struct CIListViewPropriedadeItem {
-    TQString chave;             // the owner's key
-    TQString descricao;         // stays empty: the texts given for it are dropped
-    TQStringList valores;       // an edit cell has one, a list cell has its options
-    TQStringList complementos;  // right-hand texts of the proposals
-    TQStringList reserva;       // nothing fills it
-    int32_t indice = -1;        // present entry of valores
+    TQString chave;        // the owner's key
+    TQStringList valores;  // an edit cell has one, a list cell has its options
+    int32_t indice = -1;   // present entry of valores
     int32_t indiceAnterior = -1;
-    int32_t tipo = -1;  // tipoCelula
-    bool editavel = false;
+    int32_t tipo = -1;     // tipoCelula
     int32_t formato = -1;  // formatoTexto
     int32_t limite = 0;    // longest text
+    bool editavel = false;
     bool desabilitado = false;
     bool destaque = false;
     bool negrito = false;
+    TQString descricao;         // stays empty: the texts given for it are dropped
+    TQStringList complementos;  // right-hand texts of the proposals
+    TQStringList reserva;       // nothing fills it
 };
 
 // The cells of a row, one for each column that the list had ever had when the row was made. A
@@ -53,20 +55,24 @@ class CELstPropriedadeSubItem : public CArray<CIListViewPropriedadeItem*> {
     bool IsEmpty() const { return colunas == 0; }
     // Never null; a column out of range throws CInvalidArgException.
     CIListViewPropriedadeItem* GetAt(int column);
+    // The same, to assign valores at once: what they are before is nobody's business.
+    CIListViewPropriedadeItem& ParaPorValores(int column);
     const CIListViewPropriedadeItem& Ver(int column) const;  // as it is, or as it would be made
 
   private:
-    using Feitas = CArray<CIListViewPropriedadeItem*>;  // up to the last one made
-    void Conferir(int column) const;
-    void Fazer(int column);
+    using Outras = CArray<CIListViewPropriedadeItem*>;  // up to the last one made
+    static constexpr int kPrimeiras = 3;
 
-    static constexpr int kBloco = 3;
-    using Bloco = std::array<CIListViewPropriedadeItem, kBloco>;
+    void Conferir(int column) const;
+    template <class Linha>  // null while it is not made
+    static auto Feita(Linha& row, int column) -> decltype(row.primeiras.data());
+    CIListViewPropriedadeItem& Fazer(int column);
 
     int colunas;
-    Bloco primeiro;  // mostly the only one
-    bool primeiroFeito = false;
-    std::forward_list<Bloco> outros;
+    // The first cells, mostly the only ones, lie in the row itself and keep their memory.
+    std::bitset<kPrimeiras> feitas;
+    std::array<CIListViewPropriedadeItem, kPrimeiras> primeiras;
+    std::forward_list<CIListViewPropriedadeItem> outras;  // owner of what the array points at
 };
 
 }  // namespace ListView

@@ -123,13 +123,17 @@ class Twin {
         rows.Clear();
         plain.clear();
     }
+    // Mostly the last column, which is put off; sometimes two of them before a row is touched.
     void Columns() {
-        const int column = Below(columns);
-        rows.EraseColumn(column);
-        rows.InsertColumn(0);
-        for (PlainRow& each : plain) {
-            each.texts.erase(each.texts.begin() + column);
-            each.texts.insert(each.texts.begin(), u"");
+        for (int times = 1 + Below(2); times > 0; --times) {
+            const int erased = std::min(Below(2 * columns), columns - 1);
+            const int inserted = Below(3) ? columns - 1 : 0;
+            rows.EraseColumn(erased);
+            rows.InsertColumn(inserted);
+            for (PlainRow& each : plain) {
+                each.texts.erase(each.texts.begin() + erased);
+                each.texts.insert(each.texts.begin() + inserted, u"");
+            }
         }
     }
 

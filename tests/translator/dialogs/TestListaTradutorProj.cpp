@@ -1,10 +1,13 @@
 // The list of the project translation dialog, and the dialog at other sizes.
 #include <QApplication>
 #include <QTest>
+#include <algorithm>
+#include <random>
 
 #include "platform/text/Conversion.h"
 #include "platform/window/qt/WindowHandle.h"
 #include "tests/translator/dialogs/JanelaDeTraducao.h"
+#include "translator/dialogs/ui/OrdemDeLista.h"
 
 class ListaTradutorProj : public JanelaDeTraducao {
   protected:
@@ -51,6 +54,46 @@ TEST_F(ListaTradutorProj, TitlesSortAndTurnTheOrderRound) {
         ClicarTitulo(lista, kOriginal);
         EXPECT_TRUE(EmOrdem(lista, kOriginal, sentido));
     });
+}
+
+// Whatever the keys make of the beginnings of texts: case, code points beyond 16 bits, halves of
+// them, and texts that begin alike.
+TEST(OrdemDeLista, IsThatOfCompareNoCaseAndStable) {
+    CWnd pai;
+    ASSERT_TRUE(pai.Create(u"Window", u"", WS_CHILD, CRect(0, 0, 100, 100), nullptr, 1));
+    CListCtrl lista;
+    ASSERT_TRUE(lista.Create(WS_CHILD | LVS_REPORT, CRect(0, 0, 100, 100), &pai, 2));
+    lista.InsertColumn(0, u"", LVCFMT_LEFT, 50);
+    lista.InsertColumn(1, u"", LVCFMT_LEFT, 50);
+    const char16_t* partes[] = {u"a",          u"A",      u"b",      u"\u00df",
+                                u"\u1e9e",     u"\u00c9", u"\u00e9", u"\U00010400",
+                                u"\U00010428", u"\xd801", u"\uff41", u" "};
+    std::mt19937 sorte(3);
+    std::vector<std::pair<std::u16string, LPARAM>> linhas;
+    for (int i = 0; i < 800; ++i) {
+        std::u16string texto;
+        for (unsigned parte = sorte() % 6; parte > 0; --parte) {
+            texto += partes[sorte() % std::size(partes)];
+        }
+        linhas.emplace_back(texto, i + 1);
+        lista.InsertItem(i, u"");
+        lista.SetItemText(i, 1, texto.c_str());
+        lista.SetItemData(i, i + 1);
+    }
+    static CListCtrl* ordenada;
+    ordenada = &lista;
+    for (const bool crescente : {true, false}) {
+        std::stable_sort(linhas.begin(), linhas.end(), [&](const auto& a, const auto& b) {
+            return (crescente ? 1 : -1) * text::CompareNoCase(a.first, b.first) < 0;
+        });
+        constexpr PFNLVCOMPARE comparar[] = {
+            [](LPARAM a, LPARAM b, LPARAM) { return CompararTextos(*ordenada, a, b, false); },
+            [](LPARAM a, LPARAM b, LPARAM) { return CompararTextos(*ordenada, a, b, true); }};
+        OrdenarPorColuna(lista, comparar[crescente], 1);
+        for (int linha = 0; linha < lista.GetItemCount(); ++linha) {
+            ASSERT_EQ(lista.GetItemData(linha), linhas[size_t(linha)].second) << linha;
+        }
+    }
 }
 
 TEST_F(ListaTradutorProj, AChangeOfTheTargetPutsTranslationsOnTheWrongRowsOfASortedList) {

@@ -157,12 +157,12 @@ void IEdicaoDicionario::BotaoCancelar() { EndDialog(0); }
 void IEdicaoDicionario::OrdenarColuna(NMHDR* aviso, LRESULT* resultado) {
     ordemCrescente = !ordemCrescente;
     listaOrdenada = &lista;
-    lista.SortItems(CompararLinhas, reinterpret_cast<NMLISTVIEW*>(aviso)->iSubItem);
+    OrdenarPorColuna(lista, CompararLinhas, reinterpret_cast<NMLISTVIEW*>(aviso)->iSubItem);
     *resultado = 0;
 }
 
-int IEdicaoDicionario::CompararLinhas(LPARAM a, LPARAM b, LPARAM coluna) {
-    return CompararTextos(*listaOrdenada, a, b, static_cast<int>(coluna), ordemCrescente);
+int IEdicaoDicionario::CompararLinhas(LPARAM a, LPARAM b, LPARAM) {
+    return CompararTextos(*listaOrdenada, a, b, ordemCrescente);
 }
 
 void IEdicaoDicionario::OnSize(UINT, int cx, int cy) {

@@ -97,10 +97,10 @@ void ITradutorProj::OnCelulaEditada(int linha, int coluna) {
 void ITradutorProj::OnColunaClicada(NMHDR* aviso, LRESULT* resultado) {
     ordemCrescente = !ordemCrescente;
     listaOrdenada = &lista;
-    lista.SortItems(CompararLinhas, reinterpret_cast<NMLISTVIEW*>(aviso)->iSubItem);
+    OrdenarPorColuna(lista, CompararLinhas, reinterpret_cast<NMLISTVIEW*>(aviso)->iSubItem);
     *resultado = 0;
 }
 
-int ITradutorProj::CompararLinhas(LPARAM a, LPARAM b, LPARAM coluna) {
-    return CompararTextos(*listaOrdenada, a, b, static_cast<int>(coluna), ordemCrescente);
+int ITradutorProj::CompararLinhas(LPARAM a, LPARAM b, LPARAM) {
+    return CompararTextos(*listaOrdenada, a, b, ordemCrescente);
 }
