@@ -2,6 +2,7 @@
 #include "apps/desktop/Loading.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QProgressDialog>
@@ -14,7 +15,8 @@ namespace desktop {
 
 namespace {
 
-constexpr qint64 kLarge = 2 << 20;  // bytes; smaller files are there at once
+constexpr qint64 kBetweenLooks = 50;  // milliseconds between two steps of the bar
+constexpr qint64 kLarge = 2 << 20;    // bytes; smaller files are there at once
 
 // Shared by both threads. The reader fills it and then has the main thread, where loop is used, end
 // the loop; a drawing that nobody waits for any more goes with it.
@@ -73,8 +75,11 @@ std::optional<LoadedDrawing> LoadBehindBar(QWidget* window, const std::string& p
     bar.setMaximum(kSteps);
     bar.setLabelText(Say("Preparing the view of %1…").arg(name));
     painter::BuildOptions options;
+    QElapsedTimer sinceShown;
     options.progress = [&](double done) {
+        if (sinceShown.isValid() && sinceShown.elapsed() < kBetweenLooks) return true;
         bar.setValue(static_cast<int>(done * kSteps));
+        sinceShown.start();
         return !bar.wasCanceled();
     };
     auto list = painter::BuildDisplayList(*loaded.drawing, options);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <optional>
 
 namespace painter {
 
@@ -10,10 +11,42 @@ namespace {
 
 constexpr int kEmbeddedObject = 101, kControl = 102, kComment = 999, kXdata = 1000;
 
+// Numbers as nearly all programs write them: digits with a point. Below 2^53 both the digits and
+// the power of ten are exact, so that the quotient is the nearest number, as a full conversion has
+// it.
+std::optional<double> UsualReal(std::string_view text) {
+    constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                  1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr size_t kMostDigits = 15;
+    const bool negative = text.starts_with('-');
+    if (negative) text.remove_prefix(1);
+    int64_t digits = 0;
+    size_t count = 0, point = std::string_view::npos;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const unsigned digit = static_cast<unsigned>(text[i]) - '0';
+        if (digit <= 9) {
+            digits = digits * 10 + static_cast<int64_t>(digit);
+            ++count;
+        } else if (text[i] == '.' && point == std::string_view::npos) {
+            point = count;
+        } else {
+            return std::nullopt;
+        }
+        if (count > kMostDigits) return std::nullopt;
+    }
+    if (count == 0) return std::nullopt;
+    const size_t decimals = point == std::string_view::npos ? 0 : count - point;
+    const double value = static_cast<double>(digits) / kPowers[decimals];
+    return negative ? -value : value;
+}
+
 }  // namespace
 
 double RealOf(const dxf::Group& group) {
     constexpr double kLimit = 1e15;
+    if (group.format == dxf::Format::Ascii) {
+        if (const auto usual = UsualReal(group.value)) return *usual;
+    }
     const double value = group.AsDouble();
     return std::abs(value) < kLimit ? value : 0.0;  // false for what is no number, too
 }
@@ -23,7 +56,7 @@ int IntOf(const dxf::Group& group) {
 }
 
 void Tags::Read(const dxf::Store& store, dxf::RecordIndex record) {
-    groups.clear();
+    Clear();
     auto reader = store.Groups(record);
     dxf::Group group;
     bool inControl = false;
@@ -31,22 +64,41 @@ void Tags::Read(const dxf::Store& store, dxf::RecordIndex record) {
         if (group.code == kControl) inControl = group.value.starts_with('{');
         if (group.code == kEmbeddedObject || group.code >= kXdata) break;
         if (inControl || group.code == kControl || group.code == kComment) continue;
-        groups.push_back(group);
+        Add(group);
     }
 }
 
 void Tags::ReadEmbedded(const dxf::Store& store, dxf::RecordIndex record) {
-    groups.clear();
+    Clear();
     auto reader = store.Groups(record);
     dxf::Group group;
     bool inside = false;
     while (reader.Next(group) && group.code < kXdata) {
-        if (inside) groups.push_back(group);
+        if (inside) Add(group);
         if (group.code == kEmbeddedObject) inside = true;
     }
 }
 
-const dxf::Group* Tags::Find(int code) const {
+void Tags::Assign(std::span<const dxf::Group> some) {
+    Clear();
+    for (const dxf::Group& group : some) Add(group);
+}
+
+void Tags::Clear() {
+    for (const dxf::Group& group : groups) {
+        if (unsigned(group.code) < kIndexed) firsts[static_cast<size_t>(group.code)] = 0;
+    }
+    groups.clear();
+}
+
+void Tags::Add(const dxf::Group& group) {
+    groups.push_back(group);
+    if (unsigned(group.code) >= kIndexed) return;
+    uint32_t& first = firsts[static_cast<size_t>(group.code)];
+    if (first == 0) first = static_cast<uint32_t>(groups.size());
+}
+
+const dxf::Group* Tags::FindByWalk(int code) const {
     for (const dxf::Group& group : groups) {
         if (group.code == code) return &group;
     }
@@ -70,9 +122,7 @@ std::string_view Tags::Raw(int code) const {
 
 Point3 Tags::Point(int code) const { return {Real(code), Real(code + 10), Real(code + 20)}; }
 
-Point3 Tags::Extrusion() const {
-    return Has(210) || Has(220) || Has(230) ? Point(210) : Point3{0, 0, 1};
-}
+Point3 Tags::Extrusion() const { return HasExtrusion() ? Point(210) : Point3{0, 0, 1}; }
 
 std::vector<Point3> PointsOf(const Tags& tags, int code) {
     std::vector<Point3> points;

@@ -141,5 +141,5 @@ TEST(Loading, ALargeDrawingShowsABarThatCanBeCancelled) {
     user.Durante([&] { EXPECT_FALSE(program.window.GetFiles().Open(large)); });
     EXPECT_EQ(program.desktop.Active(), nullptr);
     ASSERT_TRUE(program.window.GetFiles().Open(large));
-    EXPECT_EQ(program.Pane().View().List()->items.size(), 120000u);
+    EXPECT_EQ(program.Pane().View().List()->ItemCount(), 120000u);
 }

@@ -105,9 +105,9 @@ TEST(WholeProgram, ASessionFromStartToQuit) {
     ASSERT_TRUE(program.desktop.Active());
     EXPECT_FALSE(program.window.isWindowModified());
 
-    const size_t whole = program.Pane().View().List()->items.size();
+    const size_t whole = program.Pane().View().List()->ItemCount();
     program.ClickPage("PAG02");
-    EXPECT_LT(program.Pane().View().List()->items.size(), whole / 2);
+    EXPECT_LT(program.Pane().View().List()->ItemCount(), whole / 2);
 
     SetLanguage(program, "Português");
     EXPECT_TRUE(program.window.isWindowModified());

@@ -1,6 +1,7 @@
 // A display list that threads have built in parts is the one that a single one builds.
 #include <sstream>
 
+#include "apps/painter/ItemPaths.h"
 #include "tests/painter/Support.h"
 
 namespace {
@@ -22,23 +23,27 @@ const std::vector<std::string> kEntities = {
 };
 
 // All that is painted of an item, without the numbers that it goes by.
-std::string Told(const painter::DisplayList& list, const painter::Item& item) {
+std::string Told(const painter::DisplayList& list, const painter::ListPart& part,
+                 const painter::Item& item) {
     std::ostringstream told;
     told << int(item.kind) << " colour " << list.colours.at(item.colour) << " width " << item.width
          << " dash";
     for (const double length : list.dashes.at(item.dash)) told << ' ' << length;
     if (item.kind == painter::ItemKind::Text) {
-        const painter::TextItem& text = list.texts.at(item.first);
+        const painter::TextItem& text = part.texts.at(item.first);
         told << ' '
-             << QString::fromStdU16String(std::u16string(list.CharactersOf(text))).toStdString()
+             << QString::fromStdU16String(std::u16string(part.CharactersOf(text))).toStdString()
              << ' ' << list.fonts->At(text.font).Drawn().family().toStdString() << ' '
              << text.placement.dx() << ' ' << text.placement.dy();
     }
     for (uint32_t i = 0; i < item.count; ++i) {
-        const QPointF point = list.points.at(item.first + i);
+        const QPointF point = part.points.at(item.first + i);
         told << " (" << point.x() << ' ' << point.y() << ')';
     }
-    for (uint32_t i = 0; i < item.verbCount; ++i) told << ' ' << int(list.verbs.at(item.verb + i));
+    const bool hasVerbs = item.kind == painter::ItemKind::Curve ||
+                          item.kind == painter::ItemKind::Fill ||
+                          item.kind == painter::ItemKind::Wide;
+    if (hasVerbs) told << ' ' << painter::PathOf(part, item, {}).elementCount();
     return told.str();
 }
 
@@ -49,8 +54,8 @@ TEST(Parts, AreTheWholeInItsOrder) {
     std::vector<std::string> expected;
     for (const std::string& entity : kEntities) {
         const painter::DisplayList one = ListOf(Drawing(entity, {}, kTables));
-        ASSERT_EQ(one.items.size(), 1u) << entity;
-        expected.push_back(Told(one, one.items[0]));
+        ASSERT_EQ(one.ItemCount(), 1u) << entity;
+        expected.push_back(Told(one, OnlyPart(one), OnlyPart(one).items[0]));
     }
     std::string entities;
     std::vector<size_t> kinds;
@@ -60,9 +65,12 @@ TEST(Parts, AreTheWholeInItsOrder) {
         entities += kEntities[kinds.back()];
     }
     const painter::DisplayList list = ListOf(Drawing(entities, {}, kTables));
-    ASSERT_EQ(list.items.size(), kCount);
-    for (size_t i = 0; i < kCount; ++i) {
-        ASSERT_EQ(Told(list, list.items[i]), expected[kinds[i]]) << "item " << i;
-        ASSERT_TRUE(list.runs[i / painter::DisplayList::kRun].Meets(list.items[i].bounds));
+    ASSERT_EQ(list.ItemCount(), kCount);
+    size_t number = 0;
+    for (const painter::ListPart& part : list.parts) {
+        for (size_t i = 0; i < part.items.size(); ++i, ++number) {
+            ASSERT_EQ(Told(list, part, part.items[i]), expected[kinds[number]]) << number;
+            ASSERT_TRUE(part.runs[i / painter::ListPart::kRun].Meets(part.items[i].bounds));
+        }
     }
 }
