@@ -63,8 +63,7 @@ bool ListPainter::PaintShapesAndBars(const QRectF& window) {
     ForEachWithin(list, WorldWindow(transform, window),
                   [this](const ListPart& part, const Item& item) { PaintItem(part, item); });
     FlushLines();
-    texts.PaintBars();
-    return texts.HasLetters();
+    return texts.PaintBars();
 }
 
 bool ListPainter::FindLetters(const QRectF& window) {
@@ -72,7 +71,7 @@ bool ListPainter::FindLetters(const QRectF& window) {
                   [this](const ListPart& part, const Item& item) {
                       if (item.kind == ItemKind::Text) texts.Add(part, item);
                   });
-    return texts.HasLetters();
+    return texts.PassOverBars();
 }
 
 // Items that come to less than a pixel are points.

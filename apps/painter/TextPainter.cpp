@@ -26,39 +26,58 @@ TextPainter::TextPainter(QPainter& painter, const DisplayList& list, const QTran
         capHeights.push_back(list.fonts->At(font).CapHeight());
 }
 
-// Texts too small to be read become bars of half the height of their capitals.
-void TextPainter::Add(const ListPart& part, const Item& item) {
-    const TextItem& text = part.texts[item.first];
-    const QTransform& own = text.placement;
+// From the baseline to the top of the capitals, on the device.
+QPointF TextPainter::UpOf(const TextItem& text) const {
     const double capHeight = capHeights[text.font];
-    const QPointF up = affine.Vector({own.m21() * capHeight, own.m22() * capHeight});
-    if (std::hypot(up.x(), up.y()) >= options.smallestText) {
-        // The pixels of a font go downwards.
-        const QTransform fromFont(1 / Font::kPixels, 0, 0, -1 / Font::kPixels, 0, 0);
-        placed.push_back({fromFont * own * map, &part, &text, item.colour});
-        return;
-    }
-    const QPointF begin = affine.Map({own.dx(), own.dy()}) + up / 2;
-    const QPointF along = affine.Vector({own.m11(), own.m12()}) * double{text.advance};
-    bars.push_back({QLineF(begin, begin + along), item.colour});
+    return affine.Vector({text.placement.m21() * capHeight, text.placement.m22() * capHeight});
 }
 
-void TextPainter::PaintBars() {
+bool TextPainter::TakesLetters(const Added& added) {
+    const TextItem& text = added.Text();
+    const QPointF up = UpOf(text);
+    if (std::hypot(up.x(), up.y()) < options.smallestText) return false;
+    // The pixels of a font go downwards.
+    const QTransform fromFont(1 / Font::kPixels, 0, 0, -1 / Font::kPixels, 0, 0);
+    placed.push_back({fromFont * text.placement * map, added.part, &text, added.item->colour});
+    return true;
+}
+
+// Along the middle of the capitals.
+QLineF TextPainter::BarOf(const Added& added) const {
+    const TextItem& text = added.Text();
+    const QTransform& own = text.placement;
+    const QPointF begin = affine.Map({own.dx(), own.dy()}) + UpOf(text) / 2;
+    return {begin, begin + affine.Vector({own.m11(), own.m12()}) * double{text.advance}};
+}
+
+bool TextPainter::PaintBars() {
     const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::Antialiasing, false);  // of something that has no shape
-    std::vector<QLineF> lines;
-    for (size_t begin = 0, end; begin < bars.size(); begin = end) {
-        lines.clear();
-        for (end = begin; end < bars.size() && end - begin < kBatch; ++end) {
-            if (bars[end].colour != bars[begin].colour) break;
-            lines.push_back(bars[end].line);
+    std::vector<QLineF> bars;
+    int colour = -1;
+    const auto flush = [&] {
+        painter.drawLines(bars.data(), static_cast<int>(bars.size()));
+        bars.clear();
+    };
+    for (const Added& added : texts) {
+        if (TakesLetters(added)) continue;
+        if (colour != added.item->colour || bars.size() >= kBatch) flush();
+        if (colour != added.item->colour) {
+            colour = added.item->colour;
+            QColor pale = colours[added.item->colour];
+            pale.setAlphaF(0.5F);
+            painter.setPen(QPen(pale, 0));
         }
-        QColor colour = colours[bars[begin].colour];
-        colour.setAlphaF(0.5F);
-        painter.setPen(QPen(colour, 0));
-        painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        bars.push_back(BarOf(added));
     }
+    flush();
     painter.setRenderHint(QPainter::Antialiasing, smooth);
+    return !placed.empty();
+}
+
+bool TextPainter::PassOverBars() {
+    for (const Added& added : texts) TakesLetters(added);
+    return !placed.empty();
 }
 
 void TextPainter::PaintLetters() {

@@ -20,15 +20,17 @@ class TextPainter {
     TextPainter(QPainter& painter, const DisplayList& list, const QTransform& map,
                 const PaintOptions& options, const std::vector<QColor>& colours);
 
-    void Add(const ListPart& part, const Item& item);
-    void PaintBars();
-    bool HasLetters() const { return !placed.empty(); }
+    void Add(const ListPart& part, const Item& item) { texts.push_back({&part, &item}); }
+    // Of what was added; both tell whether there are letters to paint as well.
+    bool PaintBars();
+    bool PassOverBars();
     void PaintLetters();
 
   private:
-    struct Bar {
-        QLineF line;
-        uint16_t colour;
+    struct Added {
+        const ListPart* part;
+        const Item* item;
+        const TextItem& Text() const { return part->texts[item->first]; }
     };
     struct Placed {
         QTransform map;  // pixels of the font to the device
@@ -36,6 +38,9 @@ class TextPainter {
         const TextItem* text;
         uint16_t colour;
     };
+    bool TakesLetters(const Added& added);
+    QLineF BarOf(const Added& added) const;
+    QPointF UpOf(const TextItem& text) const;
     void PaintPlaced(const Placed& text);
     void PaintGlyphs(const Placed& text);
     void PaintPaths(const Placed& text) const;
@@ -47,7 +52,7 @@ class TextPainter {
     const PaintOptions& options;
     const std::vector<QColor>& colours;
     std::vector<double> capHeights;  // by number of the font
-    std::vector<Bar> bars;
+    Row<Added> texts;
     std::vector<Placed> placed;
     std::vector<quint32> glyphs;
     std::vector<QPointF> places;
