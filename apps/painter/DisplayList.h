@@ -5,13 +5,13 @@
 #include <QLineF>
 #include <QPointF>
 #include <QRectF>
-#include <QTransform>
 #include <cstdint>
 #include <limits>
 #include <memory>
 #include <string_view>
 #include <vector>
 
+#include "apps/painter/AffineMap.h"
 #include "apps/painter/Fonts.h"
 #include "apps/painter/LargeBlocks.h"
 #include "apps/painter/Shape.h"
@@ -59,7 +59,7 @@ struct Item {
 
 // A stretch of text; its own coordinates are those of painter::Text.
 struct TextItem {
-    QTransform placement;   // em units to the world
+    AffineMap placement;    // em units to the world
     uint32_t first, count;  // characters
     float advance;
     float tracking;

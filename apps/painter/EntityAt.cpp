@@ -37,10 +37,10 @@ bool IsNearPath(const QPainterPath& path, QPointF point, double tolerance) {
 bool IsInText(const DisplayList& list, const TextItem& text, QPointF point, double tolerance) {
     const Font& font = list.fonts->At(text.font);
     bool regular = false;
-    const QTransform back = text.placement.inverted(&regular);
+    const QTransform back = text.placement.Transform().inverted(&regular);
     if (!regular) return false;
     const QPointF place = back.map(point);
-    const double em = std::sqrt(std::abs(text.placement.determinant()));
+    const double em = text.placement.Scale();
     const double slack = em > 0 ? tolerance / em : 0;
     return place.x() >= -slack && place.x() <= text.advance + slack &&
            place.y() >= -font.Descent() - slack && place.y() <= font.CapHeight() + slack;

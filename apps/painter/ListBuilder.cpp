@@ -17,7 +17,7 @@ namespace {
 constexpr size_t kStep = 1024;          // entities between two looks at the clock of the caller
 constexpr size_t kLeastOfPart = 10000;  // entities; a thread for fewer does not pay
 constexpr size_t kMostThreads = 8;
-constexpr size_t kPartsOfThread = 2;  // so that one that is slower gets fewer
+constexpr size_t kPartsOfThread = 3;  // so that one that is slower gets fewer
 
 using Records = std::span<const dxf::RecordIndex>;
 

@@ -244,8 +244,7 @@ void Placer::PlaceText(const Shape& shape, const Frame& frame, Item item) {
     item.first = static_cast<uint32_t>(part.texts.size());
     const std::u16string& characters = shape.text.characters;
     TextItem& text = part.texts.emplace_back();
-    text.placement =
-        QTransform(place.x.x, place.x.y, place.y.x, place.y.y, place.origin.x, place.origin.y);
+    text.placement = {place.x.x, place.x.y, place.y.x, place.y.y, place.origin.x, place.origin.y};
     text.first = static_cast<uint32_t>(part.characters.size());
     text.count = static_cast<uint32_t>(characters.size());
     text.advance = static_cast<float>(advance);

@@ -29,7 +29,7 @@ TextPainter::TextPainter(QPainter& painter, const DisplayList& list, const QTran
 // From the baseline to the top of the capitals, on the device.
 QPointF TextPainter::UpOf(const TextItem& text) const {
     const double capHeight = capHeights[text.font];
-    return affine.Vector({text.placement.m21() * capHeight, text.placement.m22() * capHeight});
+    return affine.Vector({text.placement.yx * capHeight, text.placement.yy * capHeight});
 }
 
 bool TextPainter::TakesLetters(const Added& added) {
@@ -38,16 +38,17 @@ bool TextPainter::TakesLetters(const Added& added) {
     if (std::hypot(up.x(), up.y()) < options.smallestText) return false;
     // The pixels of a font go downwards.
     const QTransform fromFont(1 / Font::kPixels, 0, 0, -1 / Font::kPixels, 0, 0);
-    placed.push_back({fromFont * text.placement * map, added.part, &text, added.item->colour});
+    placed.push_back(
+        {fromFont * text.placement.Transform() * map, added.part, &text, added.item->colour});
     return true;
 }
 
 // Along the middle of the capitals.
 QLineF TextPainter::BarOf(const Added& added) const {
     const TextItem& text = added.Text();
-    const QTransform& own = text.placement;
-    const QPointF begin = affine.Map({own.dx(), own.dy()}) + UpOf(text) / 2;
-    return {begin, begin + affine.Vector({own.m11(), own.m12()}) * double{text.advance}};
+    const AffineMap& own = text.placement;
+    const QPointF begin = affine.Map({own.dx, own.dy}) + UpOf(text) / 2;
+    return {begin, begin + affine.Vector({own.xx, own.xy}) * double{text.advance}};
 }
 
 bool TextPainter::PaintBars() {

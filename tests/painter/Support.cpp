@@ -48,14 +48,14 @@ void AddWords(const painter::DisplayList& list, const painter::ListPart& part,
     const painter::Font& font = list.fonts->At(text.font);
     std::u16string characters(part.CharactersOf(text));
     std::replace(characters.begin(), characters.end(), u'\u00A0', u' ');
-    const QTransform& place = text.placement;
-    const double height = std::hypot(place.m21(), place.m22()) * font.CapHeight();
+    const painter::AffineMap& place = text.placement;
+    const double height = std::hypot(place.yx, place.yy) * font.CapHeight();
     for (size_t begin = 0; begin < characters.size();) {
         const size_t end = std::min(characters.find(u' ', begin), characters.size());
         if (end > begin) {
             const double before =
                 font.Width(std::u16string_view(characters).substr(0, begin), double{text.tracking});
-            const QPointF at = place.map(QPointF(before, 0));
+            const QPointF at = place.Map({before, 0});
             words.push_back(
                 {std::u16string(characters.substr(begin, end - begin)), at.x(), at.y(), height});
         }

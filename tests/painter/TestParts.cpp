@@ -34,7 +34,7 @@ std::string Told(const painter::DisplayList& list, const painter::ListPart& part
         told << ' '
              << QString::fromStdU16String(std::u16string(part.CharactersOf(text))).toStdString()
              << ' ' << list.fonts->At(text.font).Drawn().family().toStdString() << ' '
-             << text.placement.dx() << ' ' << text.placement.dy();
+             << text.placement.dx << ' ' << text.placement.dy;
     }
     for (uint32_t i = 0; i < item.count; ++i) {
         const QPointF point = part.points.at(item.first + i);

@@ -15,7 +15,7 @@ std::string OfText(const painter::DisplayList& list, size_t index) {
 QRectF BoxOf(const DisplayList& list, size_t index = 0) {
     const painter::TextItem& text = OnlyPart(list).texts.at(index);
     const double cap = list.fonts->At(text.font).CapHeight();
-    return text.placement.mapRect(QRectF(0, 0, double{text.advance}, cap));
+    return text.placement.Transform().mapRect(QRectF(0, 0, double{text.advance}, cap));
 }
 
 DisplayList Text(const std::string& groups) {
