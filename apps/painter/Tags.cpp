@@ -58,48 +58,57 @@ int IntOf(const dxf::Group& group) {
 void Tags::Read(const dxf::Store& store, dxf::RecordIndex record) {
     Clear();
     auto reader = store.Groups(record);
-    dxf::Group group;
     bool inControl = false;
-    while (reader.Next(group)) {
-        if (group.code == kControl) inControl = group.value.starts_with('{');
-        if (group.code == kEmbeddedObject || group.code >= kXdata) break;
-        if (inControl || group.code == kControl || group.code == kComment) continue;
-        Add(group);
+    for (dxf::Group* group = &Free(); reader.Next(*group); group = &Free()) {
+        const int code = group->code;
+        if (code == kControl) inControl = group->value.starts_with('{');
+        if (code == kEmbeddedObject || code >= kXdata) break;
+        if (!inControl && code != kControl && code != kComment) Keep();
     }
 }
 
 void Tags::ReadEmbedded(const dxf::Store& store, dxf::RecordIndex record) {
     Clear();
     auto reader = store.Groups(record);
-    dxf::Group group;
     bool inside = false;
-    while (reader.Next(group) && group.code < kXdata) {
-        if (inside) Add(group);
-        if (group.code == kEmbeddedObject) inside = true;
+    for (dxf::Group* group = &Free(); reader.Next(*group); group = &Free()) {
+        if (group->code >= kXdata) break;
+        const bool begins = group->code == kEmbeddedObject;
+        if (inside) Keep();
+        inside |= begins;
     }
 }
 
 void Tags::Assign(std::span<const dxf::Group> some) {
     Clear();
-    for (const dxf::Group& group : some) Add(group);
+    for (const dxf::Group& group : some) {
+        Free() = group;
+        Keep();
+    }
 }
 
 void Tags::Clear() {
-    for (const dxf::Group& group : groups) {
+    for (const dxf::Group& group : All()) {
         if (unsigned(group.code) < kIndexed) firsts[static_cast<size_t>(group.code)] = 0;
     }
-    groups.clear();
+    count = 0;
 }
 
-void Tags::Add(const dxf::Group& group) {
-    groups.push_back(group);
-    if (unsigned(group.code) >= kIndexed) return;
-    uint32_t& first = firsts[static_cast<size_t>(group.code)];
-    if (first == 0) first = static_cast<uint32_t>(groups.size());
+inline dxf::Group& Tags::Free() {
+    constexpr size_t kUsual = 32;
+    if (count == groups.size()) groups.resize(std::max(count * 2, kUsual));
+    return groups[count];
+}
+
+inline void Tags::Keep() {
+    const int code = groups[count++].code;
+    if (unsigned(code) >= kIndexed) return;
+    uint32_t& first = firsts[static_cast<size_t>(code)];
+    if (first == 0) first = static_cast<uint32_t>(count);
 }
 
 const dxf::Group* Tags::FindByWalk(int code) const {
-    for (const dxf::Group& group : groups) {
+    for (const dxf::Group& group : All()) {
         if (group.code == code) return &group;
     }
     return nullptr;

@@ -21,7 +21,7 @@ class Tags {
     // Some of the groups of another record.
     void Assign(std::span<const dxf::Group> some);
 
-    std::span<const dxf::Group> All() const { return groups; }
+    std::span<const dxf::Group> All() const { return {groups.data(), count}; }
     // The first of that code; null for none.
     const dxf::Group* Find(int code) const {
         if (unsigned(code) >= kIndexed) return FindByWalk(code);
@@ -40,10 +40,12 @@ class Tags {
     static constexpr unsigned kIndexed = 512;
 
     void Clear();
-    void Add(const dxf::Group& group);
+    dxf::Group& Free();  // the place for the next group, which Keep takes among those that count
+    void Keep();
     const dxf::Group* FindByWalk(int code) const;
 
-    std::vector<dxf::Group> groups;
+    std::vector<dxf::Group> groups;  // those before count are the record's
+    size_t count = 0;
     std::array<uint32_t, kIndexed> firsts{};  // by code: the group's place, from 1
 };
 
