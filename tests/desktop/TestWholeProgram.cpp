@@ -133,6 +133,10 @@ TEST(WholeProgram, ASessionFromStartToQuit) {
     user.EntaoNoQt(ChooseFile(copy));
     user.Durante([&] { program.Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier); });
     EXPECT_TRUE(program.window.windowTitle().contains("english.dxf"));
+    if (QGuiApplication::platformName() == "xcb") {
+        EXPECT_NE(program.window.frameGeometry(), program.window.geometry())
+            << "no window manager gives it a frame";
+    }
     program.Press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(program.window.isVisible());
     EXPECT_EQ(program.desktop.Active(), nullptr);
