@@ -1,4 +1,6 @@
-// A display list that threads have built in parts is the one that a single one builds.
+// A display list that threads have built in parts is the one that a single one builds, and a
+// picture that they have painted in bands the one that a single one paints.
+#include <random>
 #include <sstream>
 
 #include "apps/painter/ItemPaths.h"
@@ -72,5 +74,44 @@ TEST(Parts, AreTheWholeInItsOrder) {
             ASSERT_EQ(Told(list, part, part.items[i]), expected[kinds[number]]) << number;
             ASSERT_TRUE(part.runs[i / painter::ListPart::kRun].Meets(part.items[i].bounds));
         }
+    }
+}
+
+TEST(Bands, AreTheWholePicture) {
+    std::string block = "0 BLOCK\n8 0\n2 B\n10 0\n20 0\n";
+    for (const std::string& entity : kEntities) block += entity;
+    std::string inserts;
+    std::mt19937 random(7);
+    for (int i = 0; i < 9000; ++i) {
+        const auto any = [&](int most) { return std::to_string(random() % unsigned(most)); };
+        inserts += "0 INSERT\n8 A\n2 B\n10 " + any(1500) + "\n20 " + any(1000) + "\n50 " +
+                   any(360) + "\n41 " + any(i % 100 ? 2 : 90) + ".5\n42 " + any(i % 100 ? 2 : 90) +
+                   ".5\n";
+    }
+    const painter::DisplayList list = ListOf(Drawing(inserts, block + "0 ENDBLK\n8 0\n", kTables));
+    ASSERT_GT(list.ItemCount(), 60000u) << "many enough for several threads";
+    for (const double zoom : {0.3, 1.0, 4.0}) {
+        SCOPED_TRACE(zoom);
+        QImage whole(600, 401, QImage::Format_RGB32);
+        whole.fill(Qt::white);
+        QImage bands = whole;
+        const QTransform map = painter::FitTransform(list.extents, QRectF(whole.rect())) *
+                               QTransform(zoom, 0, 0, zoom, 300 * (1 - zoom), 200 * (1 - zoom));
+        QPainter painter(&whole);
+        painter::Paint(painter, list, map, QRectF(whole.rect()).adjusted(-2, -2, 2, 2));
+        painter.end();
+        painter::PaintImage(bands, list, map);
+        int ink = 0, other = 0;
+        for (int y = 0; y < whole.height(); ++y) {
+            for (int x = 0; x < whole.width(); ++x) {
+                ink += whole.pixel(x, y) != 0xFFFFFFFF;
+                const QColor a = whole.pixelColor(x, y), b = bands.pixelColor(x, y);
+                other += std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
+                             std::abs(a.blue() - b.blue()) >
+                         16;
+            }
+        }
+        EXPECT_GT(ink, 5000);
+        EXPECT_LT(other, 20) << "a bar that is cut begins at another pixel";
     }
 }
