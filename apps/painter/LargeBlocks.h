@@ -20,16 +20,16 @@ struct LargeBlocks {
     LargeBlocks(const LargeBlocks<Other>&) {}
 
     Value* allocate(size_t count) {
-        const size_t size = (count * sizeof(Value) + kPage - 1) / kPage * kPage;
-        if (size < kLarge) return static_cast<Value*>(::operator new(count * sizeof(Value)));
-        void* const block = std::aligned_alloc(kPage, size);
+        const size_t size = count * sizeof(Value);
+        if (size < kPage) return static_cast<Value*>(::operator new(size));
+        const size_t whole = (size + kPage - 1) / kPage * kPage;
+        void* const block = std::aligned_alloc(kPage, whole);
         if (!block) throw std::bad_alloc();
-        dxf::AdviseLargePages(block, size);
+        dxf::AdviseLargePages(block, whole);
         return static_cast<Value*>(block);
     }
     void deallocate(Value* block, size_t count) {
-        const size_t size = (count * sizeof(Value) + kPage - 1) / kPage * kPage;
-        if (size < kLarge) {
+        if (count * sizeof(Value) < kPage) {
             ::operator delete(block);
         } else {
             std::free(block);
@@ -42,7 +42,6 @@ struct LargeBlocks {
 
   private:
     static constexpr size_t kPage = 2 << 20;
-    static constexpr size_t kLarge = 2 << 20;
 };
 
 }  // namespace painter

@@ -40,17 +40,15 @@ class Work {
     Work(const dxf::Store& store, Records records, size_t parts, size_t limit)
         : store(store), records(records), limit(limit), made(parts) {}
 
-    // Until all parts are taken, or more is placed than there may be. A thread has fonts, tables
-    // and blocks of its own: each notes what it has looked up. `goesOn` is asked now and then.
+    // Until all parts are taken, or more is placed than there may be. `goesOn` is asked now and
+    // then; false, or what a thread throws, ends the work of all.
     template <class GoesOn>
     void Do(Fonts& fonts, const GoesOn& goesOn) {
-        Drawing drawing(store, fonts);
-        for (size_t number; placed <= limit && (number = next++) < made.size();) {
-            Made& mine = made[number];
-            if (!Read(drawing, number, mine.built, goesOn)) ended = true;
-            if (ended) return;
-            placed += mine.built.placed;
-            mine.fonts = fonts.Choices();
+        try {
+            ReadParts(fonts, goesOn);
+        } catch (...) {
+            ended = true;
+            throw;
         }
     }
     bool HasEnded() const { return ended; }
@@ -60,13 +58,24 @@ class Work {
     DisplayList Joined(const std::shared_ptr<Fonts>& fonts);
 
   private:
+    // A thread has fonts, tables and blocks of its own: each notes what it has looked up.
+    template <class GoesOn>
+    void ReadParts(Fonts& fonts, const GoesOn& goesOn) {
+        Drawing drawing(store, fonts);
+        for (size_t number; placed <= limit && (number = next++) < made.size();) {
+            BuiltPart built;
+            if (!Read(drawing, PartOf(number), built, goesOn)) ended = true;
+            if (ended) return;
+            placed += built.placed;
+            made[number] = {std::move(built), fonts.Choices()};
+        }
+    }
     Records PartOf(size_t number) const {
         const size_t begin = records.size() * number / made.size();
         return records.subspan(begin, records.size() * (number + 1) / made.size() - begin);
     }
     template <class GoesOn>
-    bool Read(Drawing& drawing, size_t number, BuiltPart& built, const GoesOn& goesOn) {
-        const Records mine = PartOf(number);
+    bool Read(Drawing& drawing, Records mine, BuiltPart& built, const GoesOn& goesOn) {
         Reserve(built.part, mine);
         Placer placer(drawing, built, limit);
         EntityReader reader(drawing, placer, false);
