@@ -11,31 +11,34 @@ namespace {
 
 constexpr int kEmbeddedObject = 101, kControl = 102, kComment = 999, kXdata = 1000;
 
-// Numbers as nearly all programs write them: digits with a point. Below 2^53 both the digits and
-// the power of ten are exact, so that the quotient is the nearest number, as a full conversion has
-// it.
+// Takes the digits from the front of the text.
+int64_t TakeDigits(std::string_view& text, int64_t before) {
+    size_t count = 0;
+    for (unsigned digit; count < text.size() && (digit = unsigned(text[count]) - '0') <= 9; ++count)
+        before = before * 10 + int64_t{digit};
+    text.remove_prefix(count);
+    return before;
+}
+
+// Numbers as nearly all programs write them: digits with a point. Up to 15 of them and the power of
+// ten are exact, so that the quotient is the nearest number, as a full conversion has it.
 std::optional<double> UsualReal(std::string_view text) {
     constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     constexpr size_t kMostDigits = 15;
     const bool negative = text.starts_with('-');
     if (negative) text.remove_prefix(1);
-    int64_t digits = 0;
-    size_t count = 0, point = std::string_view::npos;
-    for (size_t i = 0; i < text.size(); ++i) {
-        const unsigned digit = static_cast<unsigned>(text[i]) - '0';
-        if (digit <= 9) {
-            digits = digits * 10 + static_cast<int64_t>(digit);
-            ++count;
-        } else if (text[i] == '.' && point == std::string_view::npos) {
-            point = count;
-        } else {
-            return std::nullopt;
-        }
-        if (count > kMostDigits) return std::nullopt;
+    const bool point = text.find('.') != text.npos;
+    const size_t count = text.size() - (point ? 1 : 0);
+    if (count == 0 || count > kMostDigits) return std::nullopt;
+    int64_t digits = TakeDigits(text, 0);
+    size_t decimals = 0;
+    if (point && text.starts_with('.')) {
+        text.remove_prefix(1);
+        decimals = text.size();
+        digits = TakeDigits(text, digits);
     }
-    if (count == 0) return std::nullopt;
-    const size_t decimals = point == std::string_view::npos ? 0 : count - point;
+    if (!text.empty()) return std::nullopt;
     const double value = static_cast<double>(digits) / kPowers[decimals];
     return negative ? -value : value;
 }
