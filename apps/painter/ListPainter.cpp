@@ -26,6 +26,7 @@ QColor Settled(Colour colour, const QColor& background) {
 
 std::vector<QColor> Settled(const std::vector<Colour>& colours, const QColor& background) {
     std::vector<QColor> settled;
+    settled.reserve(colours.size());
     for (const Colour colour : colours) settled.push_back(Settled(colour, background));
     return settled;
 }
