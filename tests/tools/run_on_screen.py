@@ -33,7 +33,8 @@ def running(command, environment, ready):
 def main():
     ready = os.pipe()
     server = ["Xvfb", "-screen", "0", SCREEN, "-nolisten", "tcp", "-displayfd", str(ready[1])]
-    environment = {**os.environ, "QT_QPA_PLATFORM": "xcb"}
+    # The session bus of whoever runs this is none of the program's business.
+    environment = {**os.environ, "QT_QPA_PLATFORM": "xcb", "DBUS_SESSION_BUS_ADDRESS": "disabled:"}
     with running(server, environment, ready) as display:
         environment["DISPLAY"] = f":{display}"
         # The manager closes what it has inherited before it runs anything.
