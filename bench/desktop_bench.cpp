@@ -30,6 +30,6 @@ int main(int argc, char** argv) {
     if (!problem.isEmpty() || !window.GetFiles().Open(argv[1])) return 1;
     const QImage picture = window.ActiveView()->grab().toImage();
     std::printf("open %lld ms: %zu items on %d x %d pixels\n", clock.elapsed(),
-                window.ActiveView()->List()->items.size(), picture.width(), picture.height());
+                window.ActiveView()->List()->ItemCount(), picture.width(), picture.height());
     return 0;
 }

@@ -14,7 +14,7 @@ home=$root/usr/lib/kelvara
 umask 022
 
 DESTDIR=$root cmake --install "$build" --prefix /usr --strip >/dev/null
-gzip -9n "$root"/usr/share/man/man1/*.1
+gzip -9n "$root"/usr/share/man/man1/*.1 "$root"/usr/share/doc/kelvara/changelog
 
 # What the programs and libraries link decides which packages they need.
 cd "$work"

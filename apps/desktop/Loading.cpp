@@ -1,12 +1,10 @@
 // A drawing's file on a second thread, its display list in steps on this one.
 #include "apps/desktop/Loading.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
+#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QProgressDialog>
-#include <QThreadPool>
 
+#include "apps/desktop/BehindBar.h"
 #include "apps/desktop/Texts.h"
 #include "apps/painter/ListBuilder.h"
 
@@ -14,72 +12,44 @@ namespace desktop {
 
 namespace {
 
-constexpr qint64 kLarge = 2 << 20;  // bytes; smaller files are there at once
+using List = std::shared_ptr<const painter::DisplayList>;
 
-// Shared by both threads. The reader fills it and then has the main thread, where loop is used, end
-// the loop; a drawing that nobody waits for any more goes with it.
-struct Reading {
-    OdDbDatabasePtr drawing;
-    std::exception_ptr failure;
-    QEventLoop* loop = nullptr;
-};
-
-using Read = std::function<OdDbDatabasePtr()>;
-
-void StartReading(const std::shared_ptr<Reading>& reading, const Read& read) {
-    QThreadPool::globalInstance()->start([reading = reading, read]() mutable {
-        try {
-            reading->drawing = read();
-        } catch (...) {
-            reading->failure = std::current_exception();
-        }
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [reading = std::move(reading)] {
-                if (reading->loop) reading->loop->quit();
-            },
-            Qt::QueuedConnection);
-    });
+QString NameOf(const std::string& path) {
+    return QFileInfo(QString::fromStdString(path)).fileName();
 }
 
-OdDbDatabasePtr ReadBehindBar(QProgressDialog& bar, const Read& read) {
-    const auto reading = std::make_shared<Reading>();
-    QEventLoop loop;
-    reading->loop = &loop;
-    StartReading(reading, read);
-    const auto cancel =
-        QObject::connect(&bar, &QProgressDialog::canceled, &loop, &QEventLoop::quit);
-    loop.exec();
-    reading->loop = nullptr;
-    QObject::disconnect(cancel);
-    if (bar.wasCanceled()) return {};
-    if (reading->failure) std::rethrow_exception(reading->failure);
-    return std::move(reading->drawing);
+List Shared(painter::DisplayList&& list) {
+    return std::make_shared<const painter::DisplayList>(std::move(list));
 }
 
-std::optional<LoadedDrawing> LoadBehindBar(QWidget* window, const std::string& path,
-                                           const Read& read) {
+List PrepareBehindBar(QProgressDialog& bar, OdDbDatabase& drawing, const QString& name) {
     constexpr int kSteps = 1000;
-    const QString name = QFileInfo(QString::fromStdString(path)).fileName();
-    QProgressDialog bar(Say("Reading %1…").arg(name), Say("Cancel"), 0, 0, window);
-    bar.setWindowTitle(Plain(Say("&Open…")));
-    bar.setWindowModality(Qt::WindowModal);
-    bar.setAutoReset(false);
-    bar.setMinimumWidth(360);
-    bar.show();
-    LoadedDrawing loaded;
-    loaded.drawing = ReadBehindBar(bar, read);
-    if (loaded.drawing.isNull()) return std::nullopt;
+    constexpr qint64 kBetweenSteps = 50;  // milliseconds
     bar.setMaximum(kSteps);
     bar.setLabelText(Say("Preparing the view of %1…").arg(name));
+    QElapsedTimer sinceStep;
     painter::BuildOptions options;
     options.progress = [&](double done) {
+        if (sinceStep.isValid() && sinceStep.elapsed() < kBetweenSteps) return true;
         bar.setValue(static_cast<int>(done * kSteps));
+        sinceStep.start();
         return !bar.wasCanceled();
     };
-    auto list = painter::BuildDisplayList(*loaded.drawing, options);
-    if (!list) return std::nullopt;
-    loaded.list = std::make_shared<const painter::DisplayList>(std::move(*list));
+    auto list = painter::BuildDisplayList(drawing, options);
+    return list ? Shared(std::move(*list)) : nullptr;
+}
+
+template <class Read>
+std::optional<LoadedDrawing> LoadBehindBar(QWidget* window, const std::string& path,
+                                           const Read& read) {
+    const QString name = NameOf(path);
+    WaitBar bar(window, Plain(Say("&Open…")), Say("Reading %1…").arg(name));
+    LoadedDrawing loaded;
+    const auto drawing = std::make_shared<OdDbDatabasePtr>();
+    if (!RunBehindBar(bar, [drawing, read] { *drawing = read(); })) return std::nullopt;
+    loaded.drawing = std::move(*drawing);
+    loaded.list = PrepareBehindBar(bar, *loaded.drawing, name);
+    if (!loaded.list) return std::nullopt;
     return loaded;
 }
 
@@ -93,15 +63,21 @@ std::optional<LoadedDrawing> LoadDrawing(QWidget* window, const std::string& nat
                        : OdDbDatabase::readFile(nativePath);
     };
     std::optional<LoadedDrawing> loaded;
-    if (convert || QFileInfo(QString::fromStdString(nativePath)).size() >= kLarge) {
+    if (convert || QFileInfo(QString::fromStdString(nativePath)).size() >= kLargeFile) {
         loaded = LoadBehindBar(window, nativePath, read);
     } else {
         loaded.emplace().drawing = read();
-        loaded->list = std::make_shared<const painter::DisplayList>(
-            std::move(*painter::BuildDisplayList(*loaded->drawing)));
+        loaded->list = Shared(std::move(*painter::BuildDisplayList(*loaded->drawing)));
     }
     if (loaded) loaded->converted = convert;
     return loaded;
+}
+
+List PrepareView(QWidget* window, OdDbDatabase& drawing, const std::string& nativePath) {
+    if (static_cast<qint64>(drawing.store().Original().size()) < kLargeFile)
+        return Shared(std::move(*painter::BuildDisplayList(drawing)));
+    WaitBar bar(window, Plain(Say("&Open…")), {});
+    return PrepareBehindBar(bar, drawing, NameOf(nativePath));
 }
 
 }  // namespace desktop

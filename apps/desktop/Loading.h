@@ -25,4 +25,9 @@ struct LoadedDrawing {
 std::optional<LoadedDrawing> LoadDrawing(QWidget* window, const std::string& nativePath,
                                          const host::DwgConverter& converter);
 
+// The view of a drawing that was read already, behind such a bar when it is large. Null when the
+// user cancels. The path is for the bar.
+std::shared_ptr<const painter::DisplayList> PrepareView(QWidget* window, OdDbDatabase& drawing,
+                                                        const std::string& nativePath);
+
 }  // namespace desktop

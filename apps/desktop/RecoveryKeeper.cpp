@@ -2,12 +2,14 @@
 #include "apps/desktop/RecoveryKeeper.h"
 
 #include <QFileInfo>
+#include <atomic>
 
+#include "apps/desktop/BehindBar.h"
 #include "apps/desktop/Guard.h"
+#include "apps/desktop/Loading.h"
 #include "apps/desktop/MainWindow.h"
 #include "apps/desktop/RecoveryDialog.h"
 #include "apps/desktop/Texts.h"
-#include "apps/painter/ListBuilder.h"
 
 namespace desktop {
 
@@ -36,10 +38,36 @@ QString RecoveryKeeper::FolderFor(const QString& settingsFile) {
     return QFileInfo(file).absolutePath() + "/recovery";
 }
 
+// Nothing when the user cancels: what is left is offered at the next start then.
+std::vector<LeftWork> RecoveryKeeper::JudgeFound(std::vector<LeftFiles> found, MainWindow& window) {
+    struct Judging {
+        std::vector<LeftFiles> found;
+        std::vector<LeftWork> works;
+        std::atomic<bool> cancelled = false;
+    };
+    const auto judging = std::make_shared<Judging>();
+    judging->found = std::move(found);
+    const auto judge = [judging] {
+        for (const LeftFiles& left : judging->found) {
+            if (judging->cancelled) return;
+            if (auto work = Judged(left)) judging->works.push_back(std::move(*work));
+        }
+    };
+    qint64 size = 0;
+    for (const LeftFiles& left : judging->found) size += left.files.Size();
+    if (size < kLargeFile) {
+        judge();
+        return std::move(judging->works);
+    }
+    WaitBar bar(&window, Say("Unsaved work"), Say("Reading the unsaved work…"));
+    judging->cancelled = !RunBehindBar(bar, judge);
+    return judging->cancelled ? std::vector<LeftWork>() : std::move(judging->works);
+}
+
 void RecoveryKeeper::Tick() { recovery.Tick(desktop.Host().Documents().Documents()); }
 
 void RecoveryKeeper::Offer(MainWindow& window) {
-    std::vector<LeftWork> left = recovery.Left();
+    const std::vector<LeftWork> left = JudgeFound(recovery.Found(), window);
     if (left.empty()) return;
     RecoveryDialog dialog(left, &window);
     dialog.onDiscard = [&](const LeftWork& work) { recovery.Discard(work); };
@@ -51,8 +79,8 @@ void RecoveryKeeper::Offer(MainWindow& window) {
 }
 
 void RecoveryKeeper::Open(const LeftWork& work, MainWindow& window) {
-    auto list = std::make_shared<const painter::DisplayList>(
-        std::move(*painter::BuildDisplayList(*work.drawing)));
+    auto list = PrepareView(&window, *work.drawing, work.fileName);
+    if (!list) return;
     window.GetFiles().onLoaded(work.drawing, QString::fromStdString(work.fileName),
                                std::move(list));
     recovery.Adopt(work, *desktop.Active());

@@ -29,6 +29,7 @@ class RecoveryKeeper : public DocumentListener {
     void Closing(host::Document& document) override { recovery.Forget(document); }
 
   private:
+    std::vector<LeftWork> JudgeFound(std::vector<LeftFiles> found, MainWindow& window);
     void Open(const LeftWork& work, MainWindow& window);
 
     Desktop& desktop;

@@ -230,6 +230,8 @@ constexpr TextRow kTexts[] = {
      "gespeichert, wenn Sie sie speichern; die Zeichnungen auf der Platte sind, wie sie waren.",
      "O programa terminou antes que este trabalho fosse salvo. O trabalho aberto só fica salvo "
      "quando você o salvar; os desenhos no disco estão como estavam."},
+    {"Reading the unsaved work…", "Nicht gespeicherte Arbeit wird gelesen…",
+     "Lendo o trabalho não salvo…"},
     {"Folder", "Ordner", "Pasta"},
     {"State", "Zustand", "Estado"},
     {"can be opened", "kann geöffnet werden", "pode ser aberto"},

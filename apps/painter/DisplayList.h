@@ -5,14 +5,15 @@
 #include <QLineF>
 #include <QPointF>
 #include <QRectF>
-#include <QTransform>
 #include <cstdint>
 #include <limits>
 #include <memory>
 #include <string_view>
 #include <vector>
 
+#include "apps/painter/AffineMap.h"
 #include "apps/painter/Fonts.h"
+#include "apps/painter/LargeBlocks.h"
 #include "apps/painter/Shape.h"
 
 namespace painter {
@@ -50,7 +51,6 @@ struct Item {
     uint32_t first;   // point, or text
     uint32_t count;   // of points
     uint32_t verb;    // first one; for kinds Curve, Fill and Wide
-    uint32_t verbCount;
     float width;      // of kind Wide
     uint16_t colour;  // number of a colour
     uint16_t dash;    // number of a dash pattern
@@ -59,7 +59,7 @@ struct Item {
 
 // A stretch of text; its own coordinates are those of painter::Text.
 struct TextItem {
-    QTransform placement;   // em units to the world
+    AffineMap placement;    // em units to the world
     uint32_t first, count;  // characters
     float advance;
     float tracking;
@@ -67,37 +67,50 @@ struct TextItem {
     bool plain;  // one glyph for each character
 };
 
-// Built once from a drawing; painting and looking up change nothing, so that any number of views
-// may share it. World coordinates are drawing units, y upwards.
-struct DisplayList {
-    std::shared_ptr<const Fonts> fonts;
-    std::vector<Item> items;  // in the order of painting
-    std::vector<QPointF> points;
-    std::vector<Verb> verbs;
-    std::vector<TextItem> texts;
-    std::u16string characters;
-    std::vector<Colour> colours;                  // kForeground, kBackground and settled ones
-    std::vector<std::vector<double>> dashes{{}};  // in drawing units; number 0 is no pattern
-    Bounds extents;                               // without endless lines
-    bool cut = false;  // there is more than can be painted; what is here is the beginning
+// Grows by doubling, as vectors do, but with few pages to touch.
+template <class Value>
+using Row = std::vector<Value, LargeBlocks<Value>>;
+
+// Items that follow each other, with all that they count by number but colours, dashes and fonts.
+struct ListPart {
+    Row<Item> items;  // in the order of painting
+    Row<QPointF> points;
+    Row<Verb> verbs;
+    Row<TextItem> texts;
+    Row<char16_t> characters;
 
     // Bounds of kRun items each, so that what is out of sight is passed over quickly.
     static constexpr size_t kRun = 64;
     std::vector<Bounds> runs;
 
     std::u16string_view CharactersOf(const TextItem& text) const {
-        return std::u16string_view(characters).substr(text.first, text.count);
+        return {characters.data() + text.first, text.count};
     }
 };
 
-// The items within the window, in their order.
+// Built once from a drawing; painting and looking up change nothing, so that any number of views
+// may share it. World coordinates are drawing units, y upwards.
+struct DisplayList {
+    std::shared_ptr<const Fonts> fonts;
+    std::vector<ListPart> parts;                  // in the order of painting
+    std::vector<Colour> colours;                  // kForeground, kBackground and settled ones
+    std::vector<std::vector<double>> dashes{{}};  // in drawing units; number 0 is no pattern
+    Bounds extents;                               // without endless lines
+    bool cut = false;  // there is more than can be painted; what is here is the beginning
+
+    size_t ItemCount() const;
+};
+
+// Visits the items within the window, in their order, each with its part.
 template <class Visit>
 void ForEachWithin(const DisplayList& list, const Bounds& window, const Visit& visit) {
-    for (size_t run = 0; run < list.runs.size(); ++run) {
-        if (!list.runs[run].Meets(window)) continue;
-        const size_t end = std::min((run + 1) * DisplayList::kRun, list.items.size());
-        for (size_t i = run * DisplayList::kRun; i < end; ++i) {
-            if (list.items[i].bounds.Meets(window)) visit(list.items[i]);
+    for (const ListPart& part : list.parts) {
+        for (size_t run = 0; run < part.runs.size(); ++run) {
+            if (!part.runs[run].Meets(window)) continue;
+            const size_t end = std::min((run + 1) * ListPart::kRun, part.items.size());
+            for (size_t i = run * ListPart::kRun; i < end; ++i) {
+                if (part.items[i].bounds.Meets(window)) visit(part, part.items[i]);
+            }
         }
     }
 }

@@ -9,7 +9,16 @@ namespace {
 
 using ReadFunction = void (*)(const Entity&);
 
-const std::unordered_map<std::string_view, ReadFunction> kReaders = {
+// Cheaper than a hash of all letters; few of the names collide.
+struct EndsOfName {
+    size_t operator()(std::string_view name) const {
+        if (name.empty()) return 0;
+        const auto letter = [](char c) { return static_cast<size_t>(static_cast<uint8_t>(c)); };
+        return letter(name.front()) << 10 ^ letter(name.back()) << 5 ^ name.size();
+    }
+};
+
+const std::unordered_map<std::string_view, ReadFunction, EndsOfName> kReaders = {
     {"LINE", ReadLine},
     {"3DLINE", ReadLine},
     {"POINT", ReadPoint},
@@ -62,14 +71,20 @@ Style StyleOf(Drawing& drawing, dxf::RecordIndex record, const Tags& tags) {
 
 void EntityReader::Read(dxf::RecordIndex record) {
     if (drawing.store.At(record).flags & dxf::kErased) return;
-    const auto reader = kReaders.find(drawing.store.TypeName(record));
-    if (reader == kReaders.end()) return;
     tags.Read(drawing.store, record);
+    const auto reader = kReaders.find(tags.Raw(0));
+    if (reader == kReaders.end()) return;
     if (tags.Int(60) == 1) return;
     shape.style = StyleOf(drawing, record, tags);
     shape.handle = drawing.store.At(record).handle;
     shape.path.Clear();
-    reader->second({drawing, sink, record, tags, shape, inBlock});
+    reader->second({drawing, *sink, record, tags, shape, inBlock, *this});
+}
+
+EntityReader& EntityReader::ForParts(ShapeSink& taker) {
+    if (!parts) parts = std::make_unique<EntityReader>(drawing, taker, inBlock);
+    parts->sink = &taker;
+    return *parts;
 }
 
 }  // namespace painter

@@ -1,11 +1,14 @@
 // Reading entities: from the groups of a record to shapes.
 #pragma once
 
+#include <memory>
 #include <span>
 
 #include "apps/painter/Drawing.h"
 
 namespace painter {
+
+class EntityReader;
 
 // What a reading function works on.
 struct Entity {
@@ -15,6 +18,7 @@ struct Entity {
     const Tags& tags;
     Shape& shape;  // style and handle are set, the path is empty
     bool inBlock;
+    EntityReader& reader;  // that is at work
 
     void Emit(ShapeKind kind) const {
         shape.kind = kind;
@@ -28,18 +32,23 @@ class EntityReader {
   public:
     // inBlock: the entities stand in a block definition, where attribute definitions do not show.
     EntityReader(Drawing& drawing, ShapeSink& sink, bool inBlock)
-        : drawing(drawing), sink(sink), inBlock(inBlock) {}
+        : drawing(drawing), sink(&sink), inBlock(inBlock) {}
 
     // The shapes of the entity and of what belongs to it (vertices, attributes). Erased and
     // invisible ones and unknown types give none.
     void Read(dxf::RecordIndex record);
 
+    // The reader for the records that belong to the one being read; one for all of them, since most
+    // of an entity's memory can be used again.
+    EntityReader& ForParts(ShapeSink& taker);
+
   private:
     Drawing& drawing;
-    ShapeSink& sink;
+    ShapeSink* sink;
     bool inBlock;
     Tags tags;
     Shape shape;
+    std::unique_ptr<EntityReader> parts;
 };
 
 // The style that the groups tell; layer and all.

@@ -37,31 +37,32 @@ bool IsNearPath(const QPainterPath& path, QPointF point, double tolerance) {
 bool IsInText(const DisplayList& list, const TextItem& text, QPointF point, double tolerance) {
     const Font& font = list.fonts->At(text.font);
     bool regular = false;
-    const QTransform back = text.placement.inverted(&regular);
+    const QTransform back = text.placement.Transform().inverted(&regular);
     if (!regular) return false;
     const QPointF place = back.map(point);
-    const double em = std::sqrt(std::abs(text.placement.determinant()));
+    const double em = text.placement.Scale();
     const double slack = em > 0 ? tolerance / em : 0;
     return place.x() >= -slack && place.x() <= text.advance + slack &&
            place.y() >= -font.Descent() - slack && place.y() <= font.CapHeight() + slack;
 }
 
-bool IsAt(const DisplayList& list, const Item& item, QPointF point, double tolerance) {
+bool IsAt(const DisplayList& list, const ListPart& part, const Item& item, QPointF point,
+          double tolerance) {
     switch (item.kind) {
         case ItemKind::Text:
-            return IsInText(list, list.texts[item.first], point, tolerance);
+            return IsInText(list, part.texts[item.first], point, tolerance);
         case ItemKind::Fill: {
-            const QPainterPath path = PathOf(list, item, QTransform());
+            const QPainterPath path = PathOf(part, item, QTransform());
             return path.contains(point) || IsNearPath(path, point, tolerance);
         }
         case ItemKind::Dot:
-            return DistanceToLine(point, list.points[item.first], list.points[item.first]) <=
+            return DistanceToLine(point, part.points[item.first], part.points[item.first]) <=
                    tolerance;
         case ItemKind::Line:
         case ItemKind::Polyline:
-            return IsNearLines(&list.points[item.first], item.count, point, tolerance);
+            return IsNearLines(&part.points[item.first], item.count, point, tolerance);
         default:
-            return IsNearPath(PathOf(list, item, QTransform()), point,
+            return IsNearPath(PathOf(part, item, QTransform()), point,
                               std::max(tolerance, double{item.width} / 2));
     }
 }
@@ -72,8 +73,8 @@ uint64_t EntityAt(const DisplayList& list, QPointF point, double tolerance) {
     const Bounds window{point.x() - tolerance, point.y() - tolerance, point.x() + tolerance,
                         point.y() + tolerance};
     uint64_t handle = 0;
-    ForEachWithin(list, window, [&](const Item& item) {
-        if (IsAt(list, item, point, tolerance)) handle = item.handle;
+    ForEachWithin(list, window, [&](const ListPart& part, const Item& item) {
+        if (IsAt(list, part, item, point, tolerance)) handle = item.handle;
     });
     return handle;
 }

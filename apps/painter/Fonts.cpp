@@ -100,13 +100,18 @@ bool Font::IsPlain(std::u16string_view text) const {
 }
 
 double Font::Width(std::u16string_view text, double tracking) const {
-    if (!IsPlain(text)) {
-        const QString shaped = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-        return QFontMetricsF(drawn).horizontalAdvance(shaped) / kPixels;
-    }
     double width = 0;
-    for (const char16_t c : text) width += Advance(c) * tracking;
+    for (const char16_t c : text) {
+        const Metric& metric = Of(c);
+        if (metric.glyph == 0) return ShapedWidth(text);
+        width += double{metric.advance} * tracking;
+    }
     return width;
+}
+
+double Font::ShapedWidth(std::u16string_view text) const {
+    const QString shaped = QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
+    return QFontMetricsF(drawn).horizontalAdvance(shaped) / kPixels;
 }
 
 Fonts::Fonts() { OfFile(u""); }

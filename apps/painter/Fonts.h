@@ -44,6 +44,7 @@ class Font {
         return LookUp(character);
     }
     const Metric& LookUp(char16_t character) const;
+    double ShapedWidth(std::u16string_view text) const;
 
     QFont drawn;
     QRawFont raw;

@@ -3,13 +3,14 @@
 
 namespace painter {
 
-QPainterPath PathOf(const DisplayList& list, const Item& item, const QTransform& map) {
+QPainterPath PathOf(const ListPart& part, const Item& item, const QTransform& map) {
     QPainterPath path;
     path.setFillRule(Qt::OddEvenFill);
     path.reserve(static_cast<int>(item.count));
-    const QPointF* point = list.points.data() + item.first;
-    for (uint32_t i = 0; i < item.verbCount; ++i) {
-        switch (list.verbs[item.verb + i]) {
+    const QPointF* point = part.points.data() + item.first;
+    const QPointF* const end = point + item.count;
+    for (const Verb* verb = part.verbs.data() + item.verb; point != end; ++verb) {
+        switch (*verb) {
             case Verb::Move:
                 path.moveTo(map.map(*point++));
                 break;

@@ -8,6 +8,6 @@
 namespace painter {
 
 // Of an item with verbs, mapped.
-QPainterPath PathOf(const DisplayList& list, const Item& item, const QTransform& map);
+QPainterPath PathOf(const ListPart& part, const Item& item, const QTransform& map);
 
 }  // namespace painter

@@ -1,5 +1,4 @@
-// Putting parts of a display list together: what items count from the beginning of their part
-// counts from the beginning of the whole then.
+// Putting parts of a display list together: they share colours, dashes and fonts then.
 #include "apps/painter/ListParts.h"
 
 #include <algorithm>
@@ -26,44 +25,42 @@ std::vector<uint16_t> NumbersIn(std::vector<Value>& whole, const std::vector<Val
     return numbers;
 }
 
-template <class Sequence>
-void AppendAll(Sequence& whole, const Sequence& part) {
-    whole.insert(whole.end(), part.begin(), part.end());
+bool AreTheSame(const std::vector<uint16_t>& numbers) {
+    for (size_t i = 0; i < numbers.size(); ++i) {
+        if (numbers[i] != i) return false;
+    }
+    return true;
 }
 
 }  // namespace
 
-void AddItem(DisplayList& list, const Item& item) {
-    if (list.items.size() % DisplayList::kRun == 0) list.runs.emplace_back();
-    list.runs.back().Add(item.bounds);
-    list.items.push_back(item);
+size_t DisplayList::ItemCount() const {
+    size_t count = 0;
+    for (const ListPart& part : parts) count += part.items.size();
+    return count;
 }
 
-void Append(DisplayList& list, DisplayList&& part, const std::vector<uint16_t>& fontNumbers) {
-    const auto points = static_cast<uint32_t>(list.points.size());
-    const auto verbs = static_cast<uint32_t>(list.verbs.size());
-    const auto texts = static_cast<uint32_t>(list.texts.size());
-    const auto characters = static_cast<uint32_t>(list.characters.size());
-    const std::vector<uint16_t> colours = NumbersIn(list.colours, part.colours);
-    const std::vector<uint16_t> dashes = NumbersIn(list.dashes, part.dashes);
-    list.items.reserve(list.items.size() + part.items.size());
-    for (Item& item : part.items) {
-        item.first += item.kind == ItemKind::Text ? texts : points;
-        item.verb += verbs;
-        item.colour = colours[item.colour];
-        item.dash = dashes[item.dash];
-        AddItem(list, item);
+void AddItem(ListPart& part, const Item& item) {
+    if (part.items.size() % ListPart::kRun == 0) part.runs.emplace_back();
+    part.runs.back().Add(item.bounds);
+    part.items.push_back(item);
+}
+
+void Append(DisplayList& list, BuiltPart&& built, const std::vector<uint16_t>& fontNumbers) {
+    const std::vector<uint16_t> colours = NumbersIn(list.colours, built.colours);
+    const std::vector<uint16_t> dashes = NumbersIn(list.dashes, built.dashes);
+    ListPart& part = list.parts.emplace_back(std::move(built.part));
+    if (!AreTheSame(colours) || !AreTheSame(dashes)) {
+        for (Item& item : part.items) {
+            item.colour = colours[item.colour];
+            item.dash = dashes[item.dash];
+        }
     }
-    for (TextItem& text : part.texts) {
-        text.first += characters;
-        text.font = fontNumbers[text.font];
+    if (!AreTheSame(fontNumbers)) {
+        for (TextItem& text : part.texts) text.font = fontNumbers[text.font];
     }
-    AppendAll(list.points, part.points);
-    AppendAll(list.verbs, part.verbs);
-    AppendAll(list.texts, part.texts);
-    list.characters += part.characters;
-    list.extents.Add(part.extents);
-    list.cut = part.cut;
+    list.extents.Add(built.extents);
+    list.cut = built.cut;
 }
 
 }  // namespace painter

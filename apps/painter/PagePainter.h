@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QPainter>
 
 #include "apps/painter/DisplayList.h"
@@ -24,5 +25,10 @@ QTransform FitTransform(const Bounds& extents, const QRectF& target);
 // transform must be the identity; its pen, brush and hints are changed.
 void Paint(QPainter& painter, const DisplayList& list, const QTransform& worldToDevice,
            const QRectF& window, const PaintOptions& options = {});
+
+// The same on all of a picture that has its background already. Several threads paint bands of a
+// large list; the letters, whose fonts belong to this one, come last.
+void PaintImage(QImage& image, const DisplayList& list, const QTransform& worldToDevice,
+                const PaintOptions& options = {});
 
 }  // namespace painter

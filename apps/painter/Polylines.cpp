@@ -169,6 +169,7 @@ void ReadLightPolyline(const Entity& entity) {
     const Tags& tags = entity.tags;
     const double elevation = tags.Real(38), width = std::abs(tags.Real(43));
     std::vector<Vertex> vertices;
+    vertices.reserve(tags.All().size() / 2);
     for (const dxf::Group& group : tags.All()) {
         if (group.code == 10) {
             vertices.push_back({{RealOf(group), 0, elevation}, 0, width, width});

@@ -20,7 +20,8 @@ void EmitReference(const Entity& entity, const Matrix& place, const Array& array
     if (!block) return;
     Shape& shape = entity.shape;
     shape.block = *block;
-    shape.placement = place * Translation(entity.drawing.blocks.BaseOf(*block) * -1);
+    shape.placement = place;
+    shape.placement.origin = place.Map(entity.drawing.blocks.BaseOf(*block) * -1);
     shape.array = array;
     shape.showsOtherLayers = entity.drawing.store.At(entity.record).type == dxf::RecordType::Insert;
     entity.Emit(ShapeKind::Reference);
@@ -64,7 +65,7 @@ void ReadAttributes(const Entity& entity, const Array& array) {
     const dxf::Store& store = entity.drawing.store;
     Copies copies(entity.sink, array);
     const bool one = array.rows == 1 && array.columns == 1;
-    EntityReader reader(entity.drawing, one ? entity.sink : copies, entity.inBlock);
+    EntityReader& reader = entity.reader.ForParts(one ? entity.sink : copies);
     for (auto i = store.Next(entity.record); i != dxf::kNoRecord; i = store.Next(i)) {
         if (store.At(i).type != dxf::RecordType::Attrib) break;
         reader.Read(i);
@@ -75,9 +76,11 @@ void ReadAttributes(const Entity& entity, const Array& array) {
 
 void ReadInsert(const Entity& entity) {
     const Tags& tags = entity.tags;
-    const Matrix turned = ExtrusionMatrix(tags.Extrusion()) * Translation(tags.Point(10)) *
-                          Rotation(Radians(tags.Real(50)));
-    const Matrix place = turned * Scaling(ScaleOf(tags, 41), ScaleOf(tags, 42), ScaleOf(tags, 43));
+    Matrix turned = Rotation(Radians(tags.Real(50)));
+    turned.origin = tags.Point(10);
+    if (tags.HasExtrusion()) turned = ExtrusionMatrix(tags.Extrusion()) * turned;
+    const Matrix place{turned.x * ScaleOf(tags, 41), turned.y * ScaleOf(tags, 42),
+                       turned.z * ScaleOf(tags, 43), turned.origin};
     const Array array = ArrayOf(tags, turned);
     EmitReference(entity, place, array);
     ReadAttributes(entity, array);

@@ -1,6 +1,7 @@
 // The groups of one record, gathered for look-ups by code.
 #pragma once
 
+#include <array>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -18,19 +19,34 @@ class Tags {
     void Read(const dxf::Store& store, dxf::RecordIndex record);
     void ReadEmbedded(const dxf::Store& store, dxf::RecordIndex record);
     // Some of the groups of another record.
-    void Assign(std::span<const dxf::Group> some) { groups.assign(some.begin(), some.end()); }
+    void Assign(std::span<const dxf::Group> some);
 
-    std::span<const dxf::Group> All() const { return groups; }
-    const dxf::Group* Find(int code) const;  // the first of that code; null for none
+    std::span<const dxf::Group> All() const { return {groups.data(), count}; }
+    // The first of that code; null for none.
+    const dxf::Group* Find(int code) const {
+        if (unsigned(code) >= kIndexed) return FindByWalk(code);
+        const uint32_t place = firsts[static_cast<size_t>(code)];
+        return place > 0 ? &groups[place - 1] : nullptr;
+    }
     bool Has(int code) const { return Find(code) != nullptr; }
     double Real(int code, double otherwise = 0) const;
     int Int(int code, int otherwise = 0) const;
     std::string_view Raw(int code) const;  // "" for none
     Point3 Point(int code) const;          // x at the code, y 10 and z 20 above it
-    Point3 Extrusion() const;              // (0, 0, 1) without one
+    bool HasExtrusion() const { return Has(210) || Has(220) || Has(230); }
+    Point3 Extrusion() const;  // (0, 0, 1) without one
 
   private:
-    std::vector<dxf::Group> groups;
+    static constexpr unsigned kIndexed = 512;
+
+    void Clear();
+    dxf::Group& Free();  // the place for the next group, which Keep takes among those that count
+    void Keep();
+    const dxf::Group* FindByWalk(int code) const;
+
+    std::vector<dxf::Group> groups;  // those before count are the record's
+    size_t count = 0;
+    std::array<uint32_t, kIndexed> firsts{};  // by code: the group's place, from 1
 };
 
 // Numbers of a drawing that nobody can paint (not finite, or beyond all measure) read as 0.

@@ -1,6 +1,7 @@
 // The %% codes of texts.
 #include "apps/painter/TextCodes.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace painter {
@@ -83,10 +84,16 @@ size_t SignOf(std::u16string_view text, char16_t& sign) {
     return 5;
 }
 
-CodedText DecodeText(std::u16string_view text) {
+CodedText DecodeText(std::u16string coded) {
     CodedText decoded;
+    const auto isControl = [](char16_t c) { return c < u' '; };
+    if (coded.find(u"%%") == std::u16string::npos) {
+        std::replace_if(coded.begin(), coded.end(), isControl, u' ');
+        decoded.characters = std::move(coded);
+        return decoded;
+    }
     Rules rules(decoded);
-    while (!text.empty()) {
+    for (std::u16string_view text = coded; !text.empty();) {
         size_t length = 1;
         char16_t sign = text[0];
         if (text.starts_with(u"%%")) {
@@ -98,7 +105,7 @@ CodedText DecodeText(std::u16string_view text) {
             }
             if (const size_t code = SignOf(text, sign)) length = code;
         }
-        decoded.characters += sign < u' ' ? u' ' : sign;
+        decoded.characters += isControl(sign) ? u' ' : sign;
         text.remove_prefix(length);
     }
     rules.EndAll();

@@ -22,7 +22,7 @@ struct CodedText {
 
 // %%d %%p %%c are signs, %%nnn a character by number, %%u %%o %%k switch lines on and off, %%% is a
 // percent sign; anything else stays. Control characters become blanks.
-CodedText DecodeText(std::u16string_view text);
+CodedText DecodeText(std::u16string text);
 
 // The sign of a code at the front of the text, which begins with %%: its length, or 0 for a code
 // that is no sign.

@@ -75,19 +75,23 @@ Frame FrameOf(const Tags& tags, const TextStyle& style, const Font& font, double
     return frame;
 }
 
-// From em units along the baseline to the drawing.
+// From em units along the baseline to the drawing: moved to the anchor, sized, slanted, mirrored,
+// turned, in the plane of the entity.
 Matrix PlacementOf(const Frame& frame, const Tags& tags, const Font& font, double oblique) {
     const double em = frame.height / font.CapHeight();
     const int generation = tags.Int(71);
-    const Matrix mirrored =
-        Scaling(generation & kBackwards ? -1 : 1, generation & kUpsideDown ? -1 : 1, 1);
-    return ExtrusionMatrix(tags.Extrusion()) * Translation(frame.anchor) *
-           Rotation(frame.rotation) * mirrored * Slanted(oblique) *
-           Scaling(em * frame.width, em, 1) * Translation({-frame.alongText, -frame.acrossText, 0});
+    const double along = generation & kBackwards ? -em : em;
+    const double across = generation & kUpsideDown ? -em : em;
+    const Matrix turned = Rotation(frame.rotation);
+    Matrix place;
+    place.x = turned.x * (along * frame.width);
+    place.y = turned.x * (along * Slanted(oblique).y.x) + turned.y * across;
+    place.origin = frame.anchor - place.x * frame.alongText - place.y * frame.acrossText;
+    return tags.HasExtrusion() ? ExtrusionMatrix(tags.Extrusion()) * place : place;
 }
 
-void ReadLineOfText(const Entity& entity, std::u16string_view raw, int verticalCode) {
-    CodedText text = DecodeText(raw);
+void ReadLineOfText(const Entity& entity, std::u16string raw, int verticalCode) {
+    CodedText text = DecodeText(std::move(raw));
     if (text.characters.find_first_not_of(u' ') == std::u16string::npos) return;
     const Tags& tags = entity.tags;
     const TextStyle& style = entity.drawing.tables.StyleOf(tags.Raw(7));
@@ -149,8 +153,8 @@ void ReadAttribute(const Entity& entity) {
     if (lines) {
         Tags embedded;
         embedded.ReadEmbedded(entity.drawing.store, entity.record);
-        ReadMText(
-            {entity.drawing, entity.sink, entity.record, embedded, entity.shape, entity.inBlock});
+        ReadMText({entity.drawing, entity.sink, entity.record, embedded, entity.shape,
+                   entity.inBlock, entity.reader});
         return;
     }
     ReadLineOfText(entity, Decoded(entity, 1), 74);

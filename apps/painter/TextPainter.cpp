@@ -11,8 +11,7 @@ namespace painter {
 
 namespace {
 
-// Sums of the columns: how large an em comes out along the text and across it.
-double Across(const QTransform& map) { return std::hypot(map.m21(), map.m22()); }
+constexpr size_t kBatch = 4096;  // lines, which stay in the processor's cache
 
 QString ToQString(std::u16string_view text) {
     return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
@@ -20,42 +19,69 @@ QString ToQString(std::u16string_view text) {
 
 }  // namespace
 
-// Texts too small to be read become bars of half the height of their capitals.
-std::vector<TextPainter::Placed> TextPainter::Place(std::vector<QLineF>& bars,
-                                                    std::vector<uint16_t>& barColours) const {
-    // The pixels of a font go downwards.
-    const QTransform fromFont(1 / Font::kPixels, 0, 0, -1 / Font::kPixels, 0, 0);
-    std::vector<Placed> placed;
-    for (const Item* item : items) {
-        const TextItem& text = list.texts[item->first];
-        const QTransform place = text.placement * map;
-        const double capHeight = list.fonts->At(text.font).CapHeight();
-        if (Across(place) * capHeight < options.smallestText) {
-            const double middle = capHeight / 2;
-            bars.emplace_back(place.map(QPointF(0, middle)),
-                              place.map(QPointF(double{text.advance}, middle)));
-            barColours.push_back(item->colour);
-        } else {
-            placed.push_back({fromFont * place, &text, item->colour});
-        }
-    }
-    return placed;
+TextPainter::TextPainter(QPainter& painter, const DisplayList& list, const QTransform& map,
+                         const PaintOptions& options, const std::vector<QColor>& colours)
+    : painter(painter), list(list), map(map), affine(map), options(options), colours(colours) {
+    for (uint16_t font = 0; list.fonts && font < list.fonts->Choices().size(); ++font)
+        capHeights.push_back(list.fonts->At(font).CapHeight());
 }
 
-void TextPainter::Paint(QPainter& painter, const std::vector<QColor>& colours) {
-    std::vector<QLineF> bars;
-    std::vector<uint16_t> barColours;
-    std::vector<Placed> placed = Place(bars, barColours);
+// From the baseline to the top of the capitals, on the device.
+QPointF TextPainter::UpOf(const TextItem& text) const {
+    const double capHeight = capHeights[text.font];
+    return affine.Vector({text.placement.yx * capHeight, text.placement.yy * capHeight});
+}
+
+bool TextPainter::TakesLetters(const Added& added) {
+    const TextItem& text = added.Text();
+    const QPointF up = UpOf(text);
+    if (std::hypot(up.x(), up.y()) < options.smallestText) return false;
+    // The pixels of a font go downwards.
+    const QTransform fromFont(1 / Font::kPixels, 0, 0, -1 / Font::kPixels, 0, 0);
+    placed.push_back(
+        {fromFont * text.placement.Transform() * map, added.part, &text, added.item->colour});
+    return true;
+}
+
+// Along the middle of the capitals.
+QLineF TextPainter::BarOf(const Added& added) const {
+    const TextItem& text = added.Text();
+    const AffineMap& own = text.placement;
+    const QPointF begin = affine.Map({own.dx, own.dy}) + UpOf(text) / 2;
+    return {begin, begin + affine.Vector({own.xx, own.xy}) * double{text.advance}};
+}
+
+bool TextPainter::PaintBars() {
     const bool smooth = painter.testRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::Antialiasing, false);  // of something that has no shape
-    for (size_t begin = 0, end; begin < bars.size(); begin = end) {
-        for (end = begin; end < bars.size() && barColours[end] == barColours[begin];) ++end;
-        QColor colour = colours[barColours[begin]];
-        colour.setAlphaF(0.5F);
-        painter.setPen(QPen(colour, 0));
-        painter.drawLines(&bars[begin], static_cast<int>(end - begin));
+    std::vector<QLineF> bars;
+    int colour = -1;
+    const auto flush = [&] {
+        painter.drawLines(bars.data(), static_cast<int>(bars.size()));
+        bars.clear();
+    };
+    for (const Added& added : texts) {
+        if (TakesLetters(added)) continue;
+        if (colour != added.item->colour || bars.size() >= kBatch) flush();
+        if (colour != added.item->colour) {
+            colour = added.item->colour;
+            QColor pale = colours[added.item->colour];
+            pale.setAlphaF(0.5F);
+            painter.setPen(QPen(pale, 0));
+        }
+        bars.push_back(BarOf(added));
     }
+    flush();
     painter.setRenderHint(QPainter::Antialiasing, smooth);
+    return !placed.empty();
+}
+
+bool TextPainter::PassOverBars() {
+    for (const Added& added : texts) TakesLetters(added);
+    return !placed.empty();
+}
+
+void TextPainter::PaintLetters() {
     const auto key = [](const Placed& p) {
         return std::make_tuple(p.text->font, p.map.m11(), p.map.m12(), p.map.m21(), p.map.m22(),
                                p.colour);
@@ -65,35 +91,32 @@ void TextPainter::Paint(QPainter& painter, const std::vector<QColor>& colours) {
     int colour = -1;
     for (const Placed& text : placed) {
         if (options.textAsPaths) {
-            PaintPaths(painter, text, colours[text.colour]);
+            PaintPaths(text);
             continue;
         }
         if (colour != text.colour) painter.setPen(colours[text.colour]);
         colour = text.colour;
-        PaintPlaced(painter, text);
+        PaintPlaced(text);
     }
     painter.resetTransform();
 }
 
-void TextPainter::PaintPlaced(QPainter& painter, const Placed& placed) {
-    painter.setTransform(placed.map);
-    if (placed.text->plain) {
-        PaintGlyphs(painter, *placed.text);
-    } else {
-        painter.setFont(list.fonts->At(placed.text->font).Drawn());
-        painter.drawText(QPointF(0, 0), ToQString(list.CharactersOf(*placed.text)));
-    }
+void TextPainter::PaintPlaced(const Placed& text) {
+    painter.setTransform(text.map);
+    if (text.text->plain) return PaintGlyphs(text);
+    painter.setFont(list.fonts->At(text.text->font).Drawn());
+    painter.drawText(QPointF(0, 0), ToQString(text.part->CharactersOf(*text.text)));
 }
 
-void TextPainter::PaintGlyphs(QPainter& painter, const TextItem& text) {
-    const Font& font = list.fonts->At(text.font);
+void TextPainter::PaintGlyphs(const Placed& text) {
+    const Font& font = list.fonts->At(text.text->font);
     glyphs.clear();
     places.clear();
     double x = 0;
-    for (const char16_t c : list.CharactersOf(text)) {
+    for (const char16_t c : text.part->CharactersOf(*text.text)) {
         glyphs.push_back(font.Glyph(c));
         places.emplace_back(x, 0);
-        x += font.Advance(c) * double{text.tracking} * Font::kPixels;
+        x += font.Advance(c) * double{text.text->tracking} * Font::kPixels;
     }
     QGlyphRun run;
     run.setRawFont(font.Raw());
@@ -101,21 +124,21 @@ void TextPainter::PaintGlyphs(QPainter& painter, const TextItem& text) {
     painter.drawGlyphRun(QPointF(0, 0), run);
 }
 
-void TextPainter::PaintPaths(QPainter& painter, const Placed& placed, const QColor& colour) const {
+void TextPainter::PaintPaths(const Placed& text) const {
     QPainterPath path;
-    const Font& font = list.fonts->At(placed.text->font);
-    const std::u16string_view characters = list.CharactersOf(*placed.text);
-    if (placed.text->plain) {
+    const Font& font = list.fonts->At(text.text->font);
+    const std::u16string_view characters = text.part->CharactersOf(*text.text);
+    if (text.text->plain) {
         double x = 0;
         for (const char16_t c : characters) {
             path.addPath(font.Raw().pathForGlyph(font.Glyph(c)).translated(x, 0));
-            x += font.Advance(c) * double{placed.text->tracking} * Font::kPixels;
+            x += font.Advance(c) * double{text.text->tracking} * Font::kPixels;
         }
     } else {
         path.addText(0, 0, font.Drawn(), ToQString(characters));
     }
     path.setFillRule(Qt::WindingFill);
-    painter.fillPath(placed.map.map(path), colour);
+    painter.fillPath(text.map.map(path), colours[text.colour]);
 }
 
 }  // namespace painter

@@ -44,10 +44,10 @@ std::vector<painter::DisplayList> ListsOf(const render::Options& options) {
         lists.push_back(std::move(*painter::BuildDisplayList(*drawing, build)));
         const painter::DisplayList& list = lists.back();
         if (options.quiet) continue;
-        if (list.items.empty()) PrintLine(options.drawing + ": there is nothing to paint");
+        if (list.ItemCount() == 0) PrintLine(options.drawing + ": there is nothing to paint");
         if (list.cut) {
             PrintLine(options.drawing + ": repeats its blocks beyond all measure; only the first " +
-                      std::to_string(list.items.size()) + " parts are painted");
+                      std::to_string(list.ItemCount()) + " parts are painted");
         }
     }
     return lists;

@@ -105,6 +105,13 @@ void DrawingView::paintEvent(QPaintEvent*) {
     painter.drawImage(0, 0, picture);
 }
 
+painter::PaintOptions DrawingView::Options() const {
+    painter::PaintOptions options;
+    options.background = Background();
+    options.lineWidth = devicePixelRatio();
+    return options;
+}
+
 void DrawingView::BringUpToDate() {
     if (picture.size() != DeviceSize()) return PaintWhole();
     if (map == pictureMap) return;
@@ -121,8 +128,8 @@ void DrawingView::PaintWhole() {
     clock.start();
     settle.stop();
     picture = QImage(DeviceSize(), QImage::Format_RGB32);
-    QPainter painter(&picture);
-    PaintPart(painter, picture.rect());
+    picture.fill(Background());
+    painter::PaintImage(picture, *list, map, Options());
     pictureMap = map;
     lastDuration = clock.elapsed();
 }
@@ -143,12 +150,9 @@ void DrawingView::PaintPart(QPainter& painter, const QRect& part) const {
     painter.save();
     painter.setClipRect(part);
     painter.fillRect(part, Background());
-    painter::PaintOptions options;
-    options.background = Background();
-    options.lineWidth = devicePixelRatio();
-    const int reach = kLineWidths * static_cast<int>(std::ceil(options.lineWidth));
+    const int reach = kLineWidths * static_cast<int>(std::ceil(devicePixelRatio()));
     painter::Paint(painter, *list, map, QRectF(part).adjusted(-reach, -reach, reach, reach),
-                   options);
+                   Options());
     painter.restore();
 }
 

@@ -8,7 +8,7 @@
 #include <functional>
 #include <memory>
 
-#include "apps/painter/DisplayList.h"
+#include "apps/painter/PagePainter.h"
 
 namespace ui {
 
@@ -50,6 +50,7 @@ class DrawingView : public QWidget {
     QSize DeviceSize() const;
     QPointF WorldAt(QPointF at) const;
     QColor Background() const;
+    painter::PaintOptions Options() const;
     void BringUpToDate();
     void PaintWhole();
     void Scroll(QPoint by);

@@ -58,6 +58,19 @@ QString Program::Example(const char* name) {
     return copy;
 }
 
+// Lines, and a text.
+QString Program::LargeDrawing() const {
+    QFile file(File("large.dxf"));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    QByteArray entities = "0\nSECTION\n2\nENTITIES\n0\nTEXT\n8\nP\n40\n2\n1\nmotor\n";
+    for (int i = 0; i < 120000; ++i) {
+        const QByteArray x = QByteArray::number(i % 400), y = QByteArray::number(i / 400);
+        entities += "0\nLINE\n8\nP\n10\n" + x + "\n20\n" + y + "\n11\n" + y + "\n21\n" + x + "\n";
+    }
+    file.write(entities + "0\nENDSEC\n0\nEOF\n");
+    return file.fileName();
+}
+
 QByteArray Program::Read(const QString& path) {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();

@@ -19,6 +19,7 @@ class Program {
 
     QString File(const QString& name) const { return folder.filePath(name); }
     QString Example(const char* name);  // a copy of its own; the path
+    QString LargeDrawing() const;       // one that takes a while; the path
     static QByteArray Read(const QString& path);
 
     host::Document& Active() { return *desktop.Active(); }

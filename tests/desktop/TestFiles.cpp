@@ -22,19 +22,6 @@ void Append(const QString& path, const QByteArray& bytes) {
     file.write(bytes);
 }
 
-// A drawing that takes a while: lines without end on one layer.
-QString LargeDrawing(const Program& program) {
-    QFile file(program.File("large.dxf"));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    QByteArray lines = "0\nSECTION\n2\nENTITIES\n";
-    for (int i = 0; i < 120000; ++i) {
-        const QByteArray x = QByteArray::number(i % 400), y = QByteArray::number(i / 400);
-        lines += "0\nLINE\n8\nP\n10\n" + x + "\n20\n" + y + "\n11\n" + y + "\n21\n" + x + "\n";
-    }
-    file.write(lines + "0\nENDSEC\n0\nEOF\n");
-    return file.fileName();
-}
-
 }  // namespace
 
 TEST(Files, ClosingAsksAboutUnsavedWork) {
@@ -132,7 +119,7 @@ TEST(Files, AFileThatAnotherProgramChangedIsOverwrittenOnlyWhenAsked) {
 
 TEST(Loading, ALargeDrawingShowsABarThatCanBeCancelled) {
     Program program;
-    const QString large = LargeDrawing(program);
+    const QString large = program.LargeDrawing();
     Usuario user;
     user.EntaoNoQt([](QWidget& bar) {
         ASSERT_TRUE(qobject_cast<QProgressDialog*>(&bar));
@@ -141,5 +128,5 @@ TEST(Loading, ALargeDrawingShowsABarThatCanBeCancelled) {
     user.Durante([&] { EXPECT_FALSE(program.window.GetFiles().Open(large)); });
     EXPECT_EQ(program.desktop.Active(), nullptr);
     ASSERT_TRUE(program.window.GetFiles().Open(large));
-    EXPECT_EQ(program.Pane().View().List()->items.size(), 120000u);
+    EXPECT_EQ(program.Pane().View().List()->ItemCount(), 120001u);
 }

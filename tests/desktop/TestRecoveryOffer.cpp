@@ -3,8 +3,10 @@
 
 #include <QDirIterator>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
+#include <QThreadPool>
 #include <QTreeWidget>
 
 #include "apps/desktop/RecoveryDialog.h"
@@ -52,7 +54,7 @@ class RecoveryOffer : public testing::Test {
     }
 
     Program program;
-    const QString first = program.Example("block_pages.dxf");
+    QString first = program.Example("block_pages.dxf");
     const QString second = program.Example("control_panel.dxf");
     std::chrono::steady_clock::time_point now{};
     std::optional<desktop::RecoveryKeeper> keeper;
@@ -106,6 +108,37 @@ TEST_F(RecoveryOffer, WorkIsCopiedByTheClockAndForgottenWhenSavedOrClosed) {
             program.desktop.Close(program.Active());
         EXPECT_EQ(Copies(), QStringList());
     }
+}
+
+TEST_F(RecoveryOffer, LargeWorkIsReadBehindABarThatCanBeCancelled) {
+    first = program.LargeDrawing();
+    Crash();
+    Usuario hasty;
+    hasty.EntaoNoQt([](QWidget& bar) {
+        ASSERT_TRUE(qobject_cast<QProgressDialog*>(&bar));
+        QTest::keyClick(&bar, Qt::Key_Escape);
+    });
+    OfferTo(hasty);
+    EXPECT_EQ(program.desktop.Active(), nullptr);
+    EXPECT_EQ(Copies().size(), 2) << "what was not read is there for the next start";
+
+    // The thread that nobody waits for still has the folder.
+    QThreadPool::globalInstance()->waitForDone();
+    QCoreApplication::processEvents();
+    int bars = 0;
+    Usuario patient;
+    const Usuario::AtoQt openAll = [&](QWidget& window) {
+        const bool bar = qobject_cast<QProgressDialog*>(&window);
+        bars += bar;
+        if (bar) return void(patient.EntaoNoQt(openAll));
+        ClickNamed("open")(window);
+    };
+    patient.EntaoNoQt(openAll);
+    OfferTo(patient);
+    EXPECT_GT(bars, 0);
+    ASSERT_EQ(program.desktop.Host().Documents().GetDocumentCount(), 2);
+    const auto& large = program.desktop.Host().Documents().Documents().front();
+    EXPECT_THAT(Said(large->Drawing()), ElementsAre("one"));
 }
 
 TEST_F(RecoveryOffer, DiscardAsksAndLaterKeeps) {

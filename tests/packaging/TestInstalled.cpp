@@ -88,7 +88,7 @@ TEST_F(Installed, PackageHoldsWhatAnInstallationHolds) {
     qunsetenv("DESTDIR");
     ASSERT_EQ(installed.status, 0) << installed.err.toStdString();
     QStringList staged = Files(work->filePath("staged/opt/k"));
-    staged.replaceInStrings(QRegularExpression("\\.1$"), ".1.gz");
+    staged.replaceInStrings(QRegularExpression("(\\.1|/changelog)$"), "\\1.gz");
     staged.sort();
     EXPECT_EQ(Files(Root("")), staged);
     EXPECT_TRUE(staged.contains("lib/kelvara/program/TQTradutor.config"));
@@ -96,6 +96,27 @@ TEST_F(Installed, PackageHoldsWhatAnInstallationHolds) {
     const Ended control = Run("dpkg-deb", {"-e", package, work->filePath("control")});
     ASSERT_EQ(control.status, 0) << control.err.toStdString();
     EXPECT_EQ(Files(work->filePath("control")), QStringList({"control", "md5sums"}));
+}
+
+// What every Debian package has: who may do what with it, what has changed, files of root's that
+// all may read and of which only programs can be run.
+TEST_F(Installed, PackageIsInOrder) {
+    QFile copyright(Root("share/doc/kelvara/copyright"));
+    ASSERT_TRUE(copyright.open(QIODevice::ReadOnly));
+    const QByteArray terms = copyright.readAll();
+    for (const char* field : {"Format: https://www.debian.org/", "\nFiles: *\nCopyright: ",
+                              "\nLicense: all-rights-reserved\n All rights reserved"})
+        EXPECT_TRUE(terms.contains(field)) << field;
+    const QString changes = Root("share/doc/kelvara/changelog.gz");
+    const Ended change = Run("dpkg-parsechangelog", {"-l", changes, "-S", "Version"});
+    const Ended version = Run("dpkg-deb", {"-f", package, "Version"});
+    EXPECT_EQ(change.out.toStdString(), version.out.toStdString()) << change.err.toStdString();
+    static const QRegularExpression allowed(
+        "^(drwxr-xr-x|lrwxrwxrwx|-rw-r--r--|-rwxr-xr-x(?=.*/lib/kelvara/kelvara[\\w-]*$)) "
+        "root/root ");
+    const Ended contents = Run("dpkg-deb", {"-c", package});
+    for (const QString& line : contents.out.trimmed().split('\n'))
+        EXPECT_TRUE(allowed.match(line).hasMatch()) << line.toStdString();
 }
 
 TEST_F(Installed, NothingComesFromTheBuildFolder) {

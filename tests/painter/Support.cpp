@@ -36,21 +36,26 @@ painter::DisplayList ListOfFile(const QString& path, const painter::BuildOptions
     return *painter::BuildDisplayList(*drawing, options);
 }
 
+const painter::ListPart& OnlyPart(const painter::DisplayList& list) {
+    EXPECT_EQ(list.parts.size(), 1u);
+    return list.parts.at(0);
+}
+
 namespace {
 
-void AddWords(const painter::DisplayList& list, const painter::TextItem& text,
-              std::vector<Word>& words) {
+void AddWords(const painter::DisplayList& list, const painter::ListPart& part,
+              const painter::TextItem& text, std::vector<Word>& words) {
     const painter::Font& font = list.fonts->At(text.font);
-    std::u16string characters(list.CharactersOf(text));
+    std::u16string characters(part.CharactersOf(text));
     std::replace(characters.begin(), characters.end(), u'\u00A0', u' ');
-    const QTransform& place = text.placement;
-    const double height = std::hypot(place.m21(), place.m22()) * font.CapHeight();
+    const painter::AffineMap& place = text.placement;
+    const double height = std::hypot(place.yx, place.yy) * font.CapHeight();
     for (size_t begin = 0; begin < characters.size();) {
         const size_t end = std::min(characters.find(u' ', begin), characters.size());
         if (end > begin) {
             const double before =
                 font.Width(std::u16string_view(characters).substr(0, begin), double{text.tracking});
-            const QPointF at = place.map(QPointF(before, 0));
+            const QPointF at = place.Map({before, 0});
             words.push_back(
                 {std::u16string(characters.substr(begin, end - begin)), at.x(), at.y(), height});
         }
@@ -62,11 +67,13 @@ void AddWords(const painter::DisplayList& list, const painter::TextItem& text,
 
 Painted OursOf(const painter::DisplayList& list) {
     Painted painted;
-    for (const painter::Item& item : list.items) {
-        if (item.kind == painter::ItemKind::Text) {
-            AddWords(list, list.texts[item.first], painted.words);
-        } else if (std::max(item.bounds.Width(), item.bounds.Height()) < 5e6) {
-            painted.extents.Add(item.bounds);
+    for (const painter::ListPart& part : list.parts) {
+        for (const painter::Item& item : part.items) {
+            if (item.kind == painter::ItemKind::Text) {
+                AddWords(list, part, part.texts[item.first], painted.words);
+            } else if (std::max(item.bounds.Width(), item.bounds.Height()) < 5e6) {
+                painted.extents.Add(item.bounds);
+            }
         }
     }
     return painted;

@@ -30,6 +30,9 @@ QString Example(const QString& name);
 painter::DisplayList ListOf(const std::string& dxf);  // of a drawing in memory
 painter::DisplayList ListOfFile(const QString& path, const painter::BuildOptions& options = {});
 
+// The one part that a small list has.
+const painter::ListPart& OnlyPart(const painter::DisplayList& list);
+
 Painted OursOf(const painter::DisplayList& list);
 std::optional<Painted> TheirsOf(const QString& path);  // nothing when ezdxf cannot draw it
 

@@ -39,13 +39,13 @@ TEST(Blocks, RowsAndColumnsRepeatAttributesToo) {
     const DisplayList list = ListOf(
         Drawing(Insert("A", "66 1\n70 3\n71 2\n44 10\n45 20\n") + attribute + "0 SEQEND\n8 P\n",
                 Block("A", kLine)));
-    EXPECT_EQ(list.items.size(), 12U);
-    ExpectBounds(list.items[5].bounds, 21, 20, 23, 21);
+    EXPECT_EQ(list.ItemCount(), 12U);
+    ExpectBounds(OnlyPart(list).items[5].bounds, 21, 20, 23, 21);
 }
 
 TEST(Blocks, RecursionIsCut) {
     const std::string blocks = Block("A", kLine + Insert("B")) + Block("B", kLine + Insert("A"));
-    EXPECT_EQ(ListOf(Drawing(Insert("A"), blocks)).items.size(), 2U);
+    EXPECT_EQ(ListOf(Drawing(Insert("A"), blocks)).ItemCount(), 2U);
 }
 
 TEST(Blocks, RepetitionWithoutEndIsCut) {
@@ -61,8 +61,8 @@ TEST(Blocks, RepetitionWithoutEndIsCut) {
     options.limit = 10000;
     const auto list = painter::BuildDisplayList(*drawing, options);
     EXPECT_TRUE(list->cut);
-    EXPECT_LE(list->items.size(), 10000U);
-    EXPECT_GE(list->items.size(), 1000U);
+    EXPECT_LE(list->ItemCount(), 10000U);
+    EXPECT_GE(list->ItemCount(), 1000U);
 }
 
 TEST(Blocks, InheritLayerAndColour) {
@@ -70,26 +70,28 @@ TEST(Blocks, InheritLayerAndColour) {
                                  "62 0\n0 LINE\n8 0\n11 1\n0 LINE\n8 OFF\n11 1\n"
                                  "0 LINE\n8 P\n420 1193046\n11 1\n";
     const DisplayList list = ListOf(Drawing(Insert("A", "62 5\n"), Block("A", contents), kLayers));
-    ASSERT_EQ(list.items.size(), 3U);
-    EXPECT_EQ(list.colours[list.items[0].colour], 0xFF0000FFU);  // by block
-    EXPECT_EQ(list.colours[list.items[1].colour], 0xFF00FF00U);  // by layer: that of the reference
-    EXPECT_EQ(list.colours[list.items[2].colour], 0xFF123456U);
-    EXPECT_EQ(list.items[0].handle, 0x77U);
+    ASSERT_EQ(list.ItemCount(), 3U);
+    EXPECT_EQ(list.colours[OnlyPart(list).items[0].colour], 0xFF0000FFU);  // by block
+    EXPECT_EQ(list.colours[OnlyPart(list).items[1].colour],
+              0xFF00FF00U);  // by layer: that of the reference
+    EXPECT_EQ(list.colours[OnlyPart(list).items[2].colour], 0xFF123456U);
+    EXPECT_EQ(OnlyPart(list).items[0].handle, 0x77U);
 }
 
 TEST(Blocks, HiddenThingsAreNotPainted) {
     const std::string line = " LINE\n11 1\n8 ";
-    EXPECT_TRUE(ListOf(Drawing("0" + line + "OFF\n0" + line + "FROZEN\n0" + line + "P\n60 1\n", {},
-                               kLayers))
-                    .items.empty());
+    EXPECT_EQ(ListOf(Drawing("0" + line + "OFF\n0" + line + "FROZEN\n0" + line + "P\n60 1\n", {},
+                             kLayers))
+                  .ItemCount(),
+              0U);
     const std::string dimension = "0 DIMENSION\n8 OFF\n2 A\n";
     const std::string other = Block("A", "0 LINE\n8 P\n11 1\n");
-    EXPECT_TRUE(ListOf(Drawing(dimension, other, kLayers)).items.empty());
-    EXPECT_EQ(ListOf(Drawing("0 INSERT\n8 OFF\n2 A\n", other, kLayers)).items.size(), 1U);
+    EXPECT_EQ(ListOf(Drawing(dimension, other, kLayers)).ItemCount(), 0U);
+    EXPECT_EQ(ListOf(Drawing("0 INSERT\n8 OFF\n2 A\n", other, kLayers)).ItemCount(), 1U);
     const std::string attribute = "0 ATTRIB\n8 P\n40 1\n1 N\n2 TAG\n70 1\n0 SEQEND\n8 P\n";
     const std::string definition = "0 ATTDEF\n8 0\n40 1\n1 N\n2 TAG\n70 0\n";
-    EXPECT_TRUE(
-        ListOf(Drawing(Insert("A", "66 1\n") + attribute, Block("A", definition))).items.empty());
+    EXPECT_EQ(
+        ListOf(Drawing(Insert("A", "66 1\n") + attribute, Block("A", definition))).ItemCount(), 0U);
 }
 
 TEST(DisplayList, KnowsTheEntityAtAPoint) {
@@ -144,7 +146,7 @@ TEST(DisplayList, OutlivesDamage) {
             const DisplayList list = ListOf(damaged);
             Rendered(list, {200, 200});
             EntityAt(list, {0, 0}, 1);
-            painted += !list.items.empty();
+            painted += list.ItemCount() > 0;
         } catch (const dxf::Error&) {
         }
     }

@@ -1,6 +1,9 @@
-// A display list that threads have built in parts is the one that a single one builds.
+// A display list that threads have built in parts is the one that a single one builds, and a
+// picture that they have painted in bands the one that a single one paints.
+#include <random>
 #include <sstream>
 
+#include "apps/painter/ItemPaths.h"
 #include "tests/painter/Support.h"
 
 namespace {
@@ -22,23 +25,27 @@ const std::vector<std::string> kEntities = {
 };
 
 // All that is painted of an item, without the numbers that it goes by.
-std::string Told(const painter::DisplayList& list, const painter::Item& item) {
+std::string Told(const painter::DisplayList& list, const painter::ListPart& part,
+                 const painter::Item& item) {
     std::ostringstream told;
     told << int(item.kind) << " colour " << list.colours.at(item.colour) << " width " << item.width
          << " dash";
     for (const double length : list.dashes.at(item.dash)) told << ' ' << length;
     if (item.kind == painter::ItemKind::Text) {
-        const painter::TextItem& text = list.texts.at(item.first);
+        const painter::TextItem& text = part.texts.at(item.first);
         told << ' '
-             << QString::fromStdU16String(std::u16string(list.CharactersOf(text))).toStdString()
+             << QString::fromStdU16String(std::u16string(part.CharactersOf(text))).toStdString()
              << ' ' << list.fonts->At(text.font).Drawn().family().toStdString() << ' '
-             << text.placement.dx() << ' ' << text.placement.dy();
+             << text.placement.dx << ' ' << text.placement.dy;
     }
     for (uint32_t i = 0; i < item.count; ++i) {
-        const QPointF point = list.points.at(item.first + i);
+        const QPointF point = part.points.at(item.first + i);
         told << " (" << point.x() << ' ' << point.y() << ')';
     }
-    for (uint32_t i = 0; i < item.verbCount; ++i) told << ' ' << int(list.verbs.at(item.verb + i));
+    const bool hasVerbs = item.kind == painter::ItemKind::Curve ||
+                          item.kind == painter::ItemKind::Fill ||
+                          item.kind == painter::ItemKind::Wide;
+    if (hasVerbs) told << ' ' << painter::PathOf(part, item, {}).elementCount();
     return told.str();
 }
 
@@ -49,8 +56,8 @@ TEST(Parts, AreTheWholeInItsOrder) {
     std::vector<std::string> expected;
     for (const std::string& entity : kEntities) {
         const painter::DisplayList one = ListOf(Drawing(entity, {}, kTables));
-        ASSERT_EQ(one.items.size(), 1u) << entity;
-        expected.push_back(Told(one, one.items[0]));
+        ASSERT_EQ(one.ItemCount(), 1u) << entity;
+        expected.push_back(Told(one, OnlyPart(one), OnlyPart(one).items[0]));
     }
     std::string entities;
     std::vector<size_t> kinds;
@@ -60,9 +67,51 @@ TEST(Parts, AreTheWholeInItsOrder) {
         entities += kEntities[kinds.back()];
     }
     const painter::DisplayList list = ListOf(Drawing(entities, {}, kTables));
-    ASSERT_EQ(list.items.size(), kCount);
-    for (size_t i = 0; i < kCount; ++i) {
-        ASSERT_EQ(Told(list, list.items[i]), expected[kinds[i]]) << "item " << i;
-        ASSERT_TRUE(list.runs[i / painter::DisplayList::kRun].Meets(list.items[i].bounds));
+    ASSERT_EQ(list.ItemCount(), kCount);
+    size_t number = 0;
+    for (const painter::ListPart& part : list.parts) {
+        for (size_t i = 0; i < part.items.size(); ++i, ++number) {
+            ASSERT_EQ(Told(list, part, part.items[i]), expected[kinds[number]]) << number;
+            ASSERT_TRUE(part.runs[i / painter::ListPart::kRun].Meets(part.items[i].bounds));
+        }
+    }
+}
+
+TEST(Bands, AreTheWholePicture) {
+    std::string block = "0 BLOCK\n8 0\n2 B\n10 0\n20 0\n";
+    for (const std::string& entity : kEntities) block += entity;
+    std::string inserts;
+    std::mt19937 random(7);
+    for (int i = 0; i < 9000; ++i) {
+        const auto any = [&](int most) { return std::to_string(random() % unsigned(most)); };
+        inserts += "0 INSERT\n8 A\n2 B\n10 " + any(1500) + "\n20 " + any(1000) + "\n50 " +
+                   any(360) + "\n41 " + any(i % 100 ? 2 : 90) + ".5\n42 " + any(i % 100 ? 2 : 90) +
+                   ".5\n";
+    }
+    const painter::DisplayList list = ListOf(Drawing(inserts, block + "0 ENDBLK\n8 0\n", kTables));
+    ASSERT_GT(list.ItemCount(), 60000u) << "many enough for several threads";
+    for (const double zoom : {0.3, 1.0, 4.0}) {
+        SCOPED_TRACE(zoom);
+        QImage whole(600, 401, QImage::Format_RGB32);
+        whole.fill(Qt::white);
+        QImage bands = whole;
+        const QTransform map = painter::FitTransform(list.extents, QRectF(whole.rect())) *
+                               QTransform(zoom, 0, 0, zoom, 300 * (1 - zoom), 200 * (1 - zoom));
+        QPainter painter(&whole);
+        painter::Paint(painter, list, map, QRectF(whole.rect()).adjusted(-2, -2, 2, 2));
+        painter.end();
+        painter::PaintImage(bands, list, map);
+        int ink = 0, other = 0;
+        for (int y = 0; y < whole.height(); ++y) {
+            for (int x = 0; x < whole.width(); ++x) {
+                ink += whole.pixel(x, y) != 0xFFFFFFFF;
+                const QColor a = whole.pixelColor(x, y), b = bands.pixelColor(x, y);
+                other += std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
+                             std::abs(a.blue() - b.blue()) >
+                         16;
+            }
+        }
+        EXPECT_GT(ink, 5000);
+        EXPECT_LT(other, 20) << "a bar that is cut begins at another pixel";
     }
 }

@@ -7,15 +7,15 @@ using painter::Bounds;
 using painter::DisplayList;
 
 std::string OfText(const painter::DisplayList& list, size_t index) {
-    const std::u16string characters(list.CharactersOf(list.texts.at(index)));
+    const std::u16string characters(OnlyPart(list).CharactersOf(OnlyPart(list).texts.at(index)));
     return QString::fromStdU16String(characters).toStdString();
 }
 
 // The letters' box: from the baseline to the top of the capitals.
 QRectF BoxOf(const DisplayList& list, size_t index = 0) {
-    const painter::TextItem& text = list.texts.at(index);
+    const painter::TextItem& text = OnlyPart(list).texts.at(index);
     const double cap = list.fonts->At(text.font).CapHeight();
-    return text.placement.mapRect(QRectF(0, 0, double{text.advance}, cap));
+    return text.placement.Transform().mapRect(QRectF(0, 0, double{text.advance}, cap));
 }
 
 DisplayList Text(const std::string& groups) {
@@ -73,8 +73,8 @@ TEST(Texts, SignsAndLines) {
     const DisplayList list =
         ListOf(Drawing("0 TEXT\n8 0\n40 1\n1 %%uA%%u %%c5%%p1%%d%%%%%065%%q\n"));
     EXPECT_EQ(OfText(list, 0), "A \u00D85\u00B11\u00B0%A%%q");
-    ASSERT_EQ(list.items.size(), 2U);  // the line below the A
-    EXPECT_LT(list.items[0].bounds.Width(), list.items[1].bounds.Width() / 3);
+    ASSERT_EQ(list.ItemCount(), 2U);  // the line below the A
+    EXPECT_LT(OnlyPart(list).items[0].bounds.Width(), OnlyPart(list).items[1].bounds.Width() / 3);
 }
 
 TEST(MTexts, AreAttachedAtNinePoints) {
@@ -88,7 +88,7 @@ TEST(MTexts, AreAttachedAtNinePoints) {
 
 TEST(MTexts, WrapAtBlanksAndKeepLongWords) {
     const DisplayList list = MText("HH HH HHHHHHHHHHHHHHH HH", "41 50\n");
-    ASSERT_EQ(list.texts.size(), 3U);
+    ASSERT_EQ(OnlyPart(list).texts.size(), 3U);
     EXPECT_EQ(OfText(list, 0), "HH HH");
     EXPECT_EQ(OfText(list, 1), "HHHHHHHHHHHHHHH");
     EXPECT_NEAR(BoxOf(list, 1).top() - BoxOf(list, 0).top(), -10 * 5.0 / 3, 1e-6);
@@ -119,7 +119,7 @@ TEST(MTexts, UnderstandTheirCodes) {
     for (const Codes& codes : cases) {
         SCOPED_TRACE(codes.raw);
         const DisplayList list = MText(codes.raw);
-        ASSERT_EQ(list.texts.size(), codes.texts.size());
+        ASSERT_EQ(OnlyPart(list).texts.size(), codes.texts.size());
         for (size_t i = 0; i < codes.texts.size(); ++i) EXPECT_EQ(OfText(list, i), codes.texts[i]);
     }
 }
@@ -129,7 +129,7 @@ TEST(MTexts, HeightsColoursAndLines) {
     EXPECT_NEAR(BoxOf(list, 0).height(), 5, 1e-6);
     EXPECT_NEAR(BoxOf(list, 1).height(), 15, 1e-6);
     size_t lines = 0;
-    for (const painter::Item& item : list.items) {
+    for (const painter::Item& item : OnlyPart(list).items) {
         lines += item.kind == painter::ItemKind::Line;
         if (item.kind == painter::ItemKind::Text && item.first == 1) {
             EXPECT_EQ(list.colours[item.colour], 0xFFFF0000U);

@@ -135,10 +135,11 @@ TEST_F(View, ManyMovesShowWhatPaintingAnewShows) {
 TEST_F(View, AClickPicksTheEntityAndADragDoesNot) {
     std::vector<uint64_t> picked;
     view.onPick = [&](uint64_t handle) { picked.push_back(handle); };
-    const auto text = std::find_if(list->items.begin(), list->items.end(), [](const auto& item) {
+    const auto& items = list->parts.front().items;
+    const auto text = std::find_if(items.begin(), items.end(), [](const auto& item) {
         return item.kind == painter::ItemKind::Text;
     });
-    ASSERT_NE(text, list->items.end());
+    ASSERT_NE(text, items.end());
     const QPointF middle((text->bounds.left + text->bounds.right) / 2,
                          (text->bounds.bottom + text->bounds.top) / 2);
     QTest::mouseClick(&view, Qt::LeftButton, {}, view.Map().map(middle).toPoint());

@@ -37,6 +37,24 @@ bool ChangedSince(const Description& description) {
 
 }  // namespace
 
+std::optional<LeftWork> Judged(const LeftFiles& left) {
+    const Description description = left.files.Read();
+    LeftWork work{description.fileName, {}, {}, false, left.files, left.folder};
+    try {
+        work.drawing = left.files.ReadCopy();
+    } catch (...) {
+        work.problem = Handled();
+    }
+    const bool nothing = work.drawing.isNull() && work.problem.empty();
+    if (nothing || (!work.drawing.isNull() && SaysTheSame(work.fileName, *work.drawing))) {
+        left.files.Remove();
+        return std::nullopt;
+    }
+    work.changedOnDisk = ChangedSince(description);
+    if (!work.drawing.isNull()) work.drawing->standFor(description.fileName, description.met);
+    return work;
+}
+
 struct Recovery::Kept {
     RecoveryFiles files;
     Description description;
@@ -60,35 +78,24 @@ void Recovery::Guarded(const Work& work) const {
     }
 }
 
-std::vector<LeftWork> Recovery::Left() {
-    std::vector<LeftWork> left;
+std::vector<LeftFiles> Recovery::Found() {
+    std::vector<LeftFiles> found;
     std::vector<std::unique_ptr<SessionFolder>> abandoned;
     Guarded([&] { abandoned = SessionFolder::Abandoned(options.folder); });
     for (auto& one : abandoned) {
         const std::shared_ptr<SessionFolder> ended = std::move(one);
         for (const int number : RecoveryFiles::NumbersIn(ended->Path()))
-            Guarded([&] { AddLeft({ended->Path(), number}, ended, left); });
+            found.push_back({{ended->Path(), number}, ended});
     }
-    return left;
+    return found;
 }
 
-void Recovery::AddLeft(const RecoveryFiles& files, const std::shared_ptr<SessionFolder>& ended,
-                       std::vector<LeftWork>& left) const {
-    const Description description = files.Read();
-    LeftWork work{description.fileName, {}, {}, false, files, ended};
-    try {
-        work.drawing = files.ReadCopy();
-    } catch (...) {
-        work.problem = Handled();
+std::vector<LeftWork> Recovery::Left() {
+    std::vector<LeftWork> works;
+    for (const LeftFiles& left : Found()) {
+        if (auto work = Judged(left)) works.push_back(std::move(*work));
     }
-    const bool nothing = work.drawing.isNull() && work.problem.empty();
-    if (nothing || (!work.drawing.isNull() && SaysTheSame(work.fileName, *work.drawing))) {
-        files.Remove();
-        return;
-    }
-    work.changedOnDisk = ChangedSince(description);
-    if (!work.drawing.isNull()) work.drawing->standFor(description.fileName, description.met);
-    left.push_back(std::move(work));
+    return works;
 }
 
 void Recovery::Adopt(const LeftWork& work, const host::Document& document) {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "apps/desktop/recovery/RecoveryFiles.h"
@@ -27,6 +28,16 @@ struct LeftWork {
     std::shared_ptr<SessionFolder> folder;
 };
 
+// Copies of such work, before anybody has read them.
+struct LeftFiles {
+    RecoveryFiles files;
+    std::shared_ptr<SessionFolder> folder;
+};
+
+// Reads the copies: on any thread, for it may take as long as opening a drawing. Nothing when they
+// are no work: they say what their drawing says by now. They are removed then.
+std::optional<LeftWork> Judged(const LeftFiles& left);
+
 struct RecoveryOptions {
     QString folder;
     std::chrono::milliseconds interval = std::chrono::minutes(1);
@@ -41,8 +52,8 @@ class Recovery {
     explicit Recovery(RecoveryOptions options);
     ~Recovery();  // waits for the disk; what nobody forgot stays, for the next program
 
-    // What programs left that have ended. A copy is judged by whether it can be read; one that says
-    // what its drawing says by now is no work, and is removed.
+    // What programs left that have ended, and what of it is work.
+    std::vector<LeftFiles> Found();
     std::vector<LeftWork> Left();
     // The document was opened on the work's drawing: it counts as not saved, and the work's copy as
     // this program's copy of it.
@@ -60,8 +71,6 @@ class Recovery {
   private:
     struct Kept;
 
-    void AddLeft(const RecoveryFiles& files, const std::shared_ptr<SessionFolder>& ended,
-                 std::vector<LeftWork>& left) const;
     std::shared_ptr<Kept> NewEntry(const host::Document& document, const Description& description);
     void Copy(host::Document& document);
     template <class Work>

@@ -117,6 +117,12 @@ void RecoveryFiles::TakeFrom(const RecoveryFiles& other) const {
     other.Remove();
 }
 
+qint64 RecoveryFiles::Size() const {
+    qint64 size = 0;
+    for (const int generation : Generations()) size += QFile(CopyName(generation)).size();
+    return size;
+}
+
 void RecoveryFiles::Remove() const {
     for (const int generation : Generations()) QFile::remove(CopyName(generation));
     QFile::remove(DescriptionName());

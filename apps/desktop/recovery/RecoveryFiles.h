@@ -35,6 +35,7 @@ class RecoveryFiles {
     OdDbDatabasePtr ReadCopy() const;
     void TakeFrom(const RecoveryFiles& other) const;  // its copies become these ones
     void Remove() const;
+    qint64 Size() const;  // of its copies, in bytes
 
   private:
     QString DescriptionName() const;

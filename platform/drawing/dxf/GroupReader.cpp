@@ -16,6 +16,13 @@ namespace {
 // Codes as nearly all programs write them: one to three digits padded with blanks to three, or four
 // digits. -1 for all other lines, which ParseCode reads.
 int ParseUsualCode(const char* line, uint64_t length) {
+    if (length == 3) {
+        const unsigned hundreds = unsigned(line[0]) - '0', tens = unsigned(line[1]) - '0';
+        const unsigned ones = unsigned(line[2]) - '0';
+        if (ones <= 9 && tens <= 9 && hundreds <= 9) return int(hundreds * 100 + tens * 10 + ones);
+        if (ones <= 9 && tens <= 9 && line[0] == ' ') return int(tens * 10 + ones);
+        if (ones <= 9 && line[1] == ' ' && line[0] == ' ') return int(ones);
+    }
     if (length == 0 || length > 4) return -1;
     int code = 0;
     bool digits = false;
@@ -73,7 +80,7 @@ uint64_t GroupReader::LineEnd(uint64_t from) const {
 }
 
 // The next two line ends where they are near enough to be seen in one look, as they mostly are.
-void GroupReader::FindNearEnds(uint64_t begin, uint64_t& first, uint64_t& second) const {
+inline void GroupReader::FindNearEnds(uint64_t begin, uint64_t& first, uint64_t& second) const {
 #if defined(__x86_64__)
     if (record.size() - begin < 32) return;
     uint32_t ends = MatchMask(record.data() + begin, lineEnd);
@@ -103,7 +110,7 @@ bool GroupReader::NextAscii(Group& group) {
         if (valueEnd == kUnknown) valueEnd = LineEnd(valueBegin);
         const uint64_t valueStop = valueEnd - (valueEnd > valueBegin && data[valueEnd - 1] == '\r');
         position = std::min<uint64_t>(valueEnd + 1, record.size());
-        group = {code, format, record.substr(valueBegin, valueStop - valueBegin), begin, position};
+        group = {code, format, {data + valueBegin, valueStop - valueBegin}, begin, position};
         return true;
     }
     broken = position < record.size();
