@@ -2,7 +2,6 @@
 #include "apps/cli/TextWriter.h"
 
 #include <algorithm>
-#include <future>
 #include <unordered_set>
 
 #include "apps/cli/Output.h"
@@ -16,24 +15,18 @@ namespace {
 
 using traducaoTQ::ETraduzivel;
 
-// The objects of the dropped lines go too, on a thread of their own; the table's list holds the
-// others.
-std::future<void> DropUntranslatedLines(TranslationTable& table) {
+// The objects of the dropped lines go too; the table's list holds the others.
+void DropUntranslatedLines(TranslationTable& table) {
     auto& lines = *table.table.expressoes;
     table.objects->clear();  // every object is an object of one line
-    traducaoTQ::ITabelaExpressoes::ListaExpressoes dropped;
-    for (auto& line : lines) {
-        if (!IsTranslated(*line)) dropped.push_back(std::move(line));
-    }
-    std::erase(lines, nullptr);
+    std::erase_if(lines, [](const auto& line) {
+        if (IsTranslated(*line)) return false;
+        for (const ETraduzivel* object : line->objetos) delete object;
+        return true;
+    });
     for (const auto& line : lines) {
         table.objects->insert(table.objects->end(), line->objetos.begin(), line->objetos.end());
     }
-    return std::async(std::launch::async, [dropped = std::move(dropped)] {
-        for (const auto& line : dropped) {
-            for (const ETraduzivel* object : line->objetos) delete object;
-        }
-    });
 }
 
 // An object of a translated line; places are numbered in the order of the lines.
@@ -132,7 +125,7 @@ class TextWriter {
 
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
-    const std::future<void> dropping = DropUntranslatedLines(table);
+    DropUntranslatedLines(table);
     std::vector<Place> places = PlacesOf(table);
     // In the order of their coming they stand side by side in the file. Records are made in the
     // order of the lines, from which they have their handles.
