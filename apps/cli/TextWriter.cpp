@@ -2,6 +2,7 @@
 #include "apps/cli/TextWriter.h"
 
 #include <algorithm>
+#include <future>
 #include <unordered_set>
 
 #include "apps/cli/Output.h"
@@ -36,16 +37,16 @@ struct Place {
     uint32_t line, number;
 };
 
-std::vector<Place> PlacesOf(const TranslationTable& table) {
-    std::vector<Place> places;
-    places.reserve(table.objects->size());
+void Collect(const TranslationTable& table, bool byHandle, std::vector<Place>& places) {
     for (uint32_t line = 0; line < table.Lines().size(); ++line) {
         for (ETraduzivel* object : table.Lines()[line]->objetos) {
             const auto number = static_cast<uint32_t>(places.size());
             places.push_back({HandleOf(*object), object, line, number});
         }
     }
-    return places;
+    if (byHandle) {
+        std::ranges::sort(places, {}, [](const Place& p) { return std::pair(p.handle, p.number); });
+    }
 }
 
 class TextWriter {
@@ -71,8 +72,7 @@ class TextWriter {
         ETraduzivel& object = *place.object;
         const structExpressao& line = *lines[place.line];
         // References of one block show the same text.
-        const TQString& key = object.GetChave();
-        if (IsBlockText(object) && !blockTexts.insert(key).second) return;
+        if (IsBlockText(object) && !blockTexts.insert(place.handle).second) return;
         try {
             const ReadBack written(store, object, line);
             object.SetTexto(line.traducao);
@@ -82,7 +82,7 @@ class TextWriter {
             standIns.PutBack(object, line);
             return Report(place, error.description().narrowText());
         }
-        result.texts.push_back({HandleOf(object), IsXdata(object), line.original, line.traducao});
+        result.texts.push_back({place.handle, IsXdata(object), line.original, line.traducao});
         const std::string remark = onWritten ? onWritten(object, line) : std::string();
         if (!remark.empty()) Report(place, remark);
     }
@@ -116,7 +116,7 @@ class TextWriter {
     const OnWritten& onWritten;
     const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines;
     const StandIns standIns;
-    std::unordered_set<std::u16string> blockTexts;        // keys
+    std::unordered_set<uint64_t> blockTexts;              // handles
     std::vector<std::pair<uint32_t, Unwritten>> reports;  // by the number of the place
     Written result;
 };
@@ -126,13 +126,13 @@ class TextWriter {
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
     DropUntranslatedLines(table);
-    std::vector<Place> places = PlacesOf(table);
-    // In the order of their coming they stand side by side in the file. Records are made in the
+    // In the order of their handles they stand side by side in the file. Records are made in the
     // order of the lines, from which they have their handles.
-    if (!onWritten) {
-        std::ranges::sort(places, {}, [](const Place& p) { return std::pair(p.handle, p.number); });
-    }
-    TextWriter writer(drawing, onWritten, table.Lines(), places.size());
+    std::vector<Place> places;
+    places.reserve(table.objects->size());
+    auto collecting = std::async(std::launch::async, [&] { Collect(table, !onWritten, places); });
+    TextWriter writer(drawing, onWritten, table.Lines(), table.objects->size());
+    collecting.get();
     for (size_t done = 0; done < places.size(); ++done) {
         writer.FetchAhead(places, done);
         writer.Write(places[done]);

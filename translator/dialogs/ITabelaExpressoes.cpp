@@ -67,7 +67,8 @@ size_t NumerarTextos(const std::vector<ETraduzivel*>& objetos, std::vector<uint3
 // The objects of each line side by side, in scan order.
 class ObjetosPorLinha {
   public:
-    explicit ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos) : ordenados(objetos.size()) {
+    explicit ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos)
+        : ordenados(objetos.size() + kDistancia) {  // so that fetching ahead finds no end
         std::vector<uint32_t> linhas;
         fins.resize(NumerarTextos(objetos, linhas));
         for (uint32_t linha : linhas) ++fins[linha];
@@ -77,10 +78,13 @@ class ObjetosPorLinha {
     size_t Quantidade() const { return fins.size(); }
     std::span<ETraduzivel* const> Da(size_t linha) const {
         const size_t inicio = linha == 0 ? 0 : fins[linha - 1];
+        for (size_t i = inicio; i < fins[linha]; ++i) __builtin_prefetch(ordenados[i + kDistancia]);
         return std::span(ordenados).subspan(inicio, fins[linha] - inicio);
     }
 
   private:
+    static constexpr size_t kDistancia = 12;  // objects of later lines, which stand anywhere
+
     std::vector<uint32_t> fins;  // one past the last object of each line
     std::vector<ETraduzivel*> ordenados;
 };
