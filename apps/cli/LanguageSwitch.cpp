@@ -42,11 +42,6 @@ std::u16string Difference(const dxf::Store& store, std::string_view was, std::st
 
 std::string Quoted(std::u16string_view text) { return "\"" + Escaped(Utf8(text)) + "\""; }
 
-// A record of one blank is one of none, as for the commands.
-bool HoldsText(const std::optional<TQString>& text) {
-    return text && !text->empty() && *text != u" ";
-}
-
 std::u16string SharedKey(const ETraduzivel& object) { return text::FoldCase(object.GetChave()); }
 
 // Strings of a wire are found by their name. Those of a virtual attribute bear it in their key, so
@@ -113,7 +108,7 @@ void LanguageSwitch::Switch(ETraduzivel& object) {
     RecordedTexts::Texts* const record = RecordOf(object);
     const TQString& before = *object.GetTexto();
     const auto remark = [&](std::string reason) { Remark(object, before, std::move(reason)); };
-    if (!record || !HoldsText(record->to)) {
+    if (!record || !record->to || traducaoTQ::NadaDiz(*record->to)) {
         return remark("has no record in " + to.name + " and keeps its text");
     }
     const bool asRecorded = record->from == before;

@@ -93,8 +93,6 @@ class Campo {
     bool algum = false, longo = false;
 };
 
-bool NadaDiz(const TQString& campo) { return campo.empty() || campo == u" "; }
-
 class Importador {
   public:
     Importador(ITabelaExpressoes::ListaExpressoes* expressoes, UINT pagina) : pagina(pagina) {

@@ -24,9 +24,11 @@ std::string_view NomeTipo(uint32_t tipo) {
     }
 }
 
+bool NadaDiz(std::u16string_view texto) { return texto.empty() || texto == u" "; }
+
 ETraduzivel::ETraduzivel(uint32_t tipo, TQString novoTexto, TQString novaChave)
     : tipo(tipo), chave(std::move(novaChave)) {
-    temTexto = !novoTexto.empty() && novoTexto != u" ";
+    temTexto = !NadaDiz(novoTexto);
     if (temTexto) texto = std::move(novoTexto);
 }
 

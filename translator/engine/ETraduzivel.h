@@ -30,6 +30,9 @@ enum tipoTraduzivel : uint32_t {
 // for any other value.
 std::string_view NomeTipo(uint32_t tipo);
 
+// A text that is empty or one blank: a place or a record with it counts as one without.
+bool NadaDiz(std::u16string_view texto);
+
 // Every SetTexto writes into the current database, in memory, the text as it stands. A place that
 // is missing, erased or of another class is passed over in silence unless the class says otherwise.
 class ETraduzivel {

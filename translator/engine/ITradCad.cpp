@@ -56,7 +56,7 @@ TQStringList SoPaginas(const TQStringList& nomes, bool incluirCamada0) {
 
 bool TemTexto(const ETraduzivel* traduzivel) {
     const TQString* texto = traduzivel->GetTexto();
-    return texto && !texto->empty() && *texto != u" ";
+    return texto && !NadaDiz(*texto);
 }
 
 void DescartarSemTexto(ListaTraduziveis& lista) {

@@ -51,7 +51,7 @@ std::optional<TrocaDeTextos::Registro> TrocaDeTextos::RegistroNoDestino(
     const OdDbDictionaryPtr doObjeto = todos->getAt(objeto.GetChave(), OdDb::kForWrite);
     if (doObjeto.isNull()) return std::nullopt;
     auto texto = TextoRegistrado(*doObjeto, destino);
-    if (!texto || texto->IsEmpty() || *texto == u" ") return std::nullopt;
+    if (!texto || NadaDiz(*texto)) return std::nullopt;
     return Registro{doObjeto, std::move(*texto)};
 }
 
