@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <functional>
-#include <future>
 #include <optional>
 
 #include "apps/cli/CertificateComparison.h"
 #include "apps/cli/MappedFile.h"
+#include "apps/cli/SecondThread.h"
 
 namespace cli {
 
@@ -87,9 +87,7 @@ std::optional<Certificate> CompareHalves(const dxf::Store& store, const View& fr
                        seam->after,  back.after.size()};
     Comparison first(store, front.after, expected, head, front.passed);
     Comparison second(store, back.after, expected, tail, back.passed);
-    auto behind = std::async(std::launch::async, [&] { second.Run(); });
-    first.Run();
-    behind.get();
+    SideBySide([&] { first.Run(); }, [&] { second.Run(); });
     if (first.FoundOthers() || second.FoundOthers()) return std::nullopt;
     first.Add(second);
     return first.Conclude();

@@ -20,11 +20,20 @@ bool IsBlockText(const ETraduzivel& object) {
 
 uint64_t HandleOf(const ETraduzivel& object) { return OdDbHandle(object.GetChave().c_str()); }
 
-ReadBack::ReadBack(const dxf::Store& store, const ETraduzivel& object, const structExpressao& line)
-    : store(store), object(object), line(line), changesBefore(store.Changes()) {}
+ReadBack::ReadBack(const dxf::Store& store, const ETraduzivel& object, uint64_t handle,
+                   const structExpressao& line)
+    : store(store), object(object), line(line), handle(handle) {
+    if (!IsXdata(object)) return;
+    record = store.FindHandle(handle);
+    if (record != dxf::kNoRecord) changesBefore = store.ChangesOf(record);
+}
+
+bool ReadBack::HasChanged() const {
+    return record != dxf::kNoRecord && store.ChangesOf(record) != changesBefore;
+}
 
 bool ReadBack::BlockTextHolds() const {
-    const OdDbTextPtr text = OdDbText::cast(SafeOpen(IdFromHandle(HandleOf(object))));
+    const OdDbTextPtr text = OdDbText::cast(SafeOpen(IdFromHandle(handle)));
     return !text.isNull() && text->textString().text() == line.traducao;
 }
 
@@ -33,7 +42,7 @@ bool ReadBack::BlockTextHolds() const {
 bool ReadBack::Holds() const {
     if (line.traducao == line.original) return true;
     if (IsBlockText(object)) return BlockTextHolds();
-    return !IsXdata(object) || store.Changes() > changesBefore;
+    return !IsXdata(object) || HasChanged();
 }
 
 }  // namespace cli

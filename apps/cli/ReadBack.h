@@ -13,17 +13,21 @@ uint64_t HandleOf(const traducaoTQ::ETraduzivel& object);
 // Made before the text is written, asked afterwards.
 class ReadBack {
   public:
-    ReadBack(const dxf::Store& store, const traducaoTQ::ETraduzivel& object,
+    // handle: HandleOf the object.
+    ReadBack(const dxf::Store& store, const traducaoTQ::ETraduzivel& object, uint64_t handle,
              const structExpressao& line);
     bool Holds() const;
 
   private:
     bool BlockTextHolds() const;
+    bool HasChanged() const;
 
     const dxf::Store& store;
     const traducaoTQ::ETraduzivel& object;
     const structExpressao& line;
-    uint64_t changesBefore;
+    const uint64_t handle;
+    dxf::RecordIndex record = dxf::kNoRecord;  // of a string of extended data
+    uint32_t changesBefore = 0;
 };
 
 }  // namespace cli

@@ -1,8 +1,7 @@
 // Reading of recorded texts.
 #include "apps/cli/RecordedTexts.h"
 
-#include <future>
-
+#include "apps/cli/SecondThread.h"
 #include "platform/drawing/DbDictionary.h"
 #include "platform/drawing/TextChunks.h"
 #include "platform/text/Conversion.h"
@@ -16,9 +15,7 @@ RecordedTexts::RecordedTexts(OdDbDatabase& drawing, const TQString& from, const 
     List(drawing);
     const std::span<Row> all(rows);
     const size_t half = all.size() / 2;
-    auto behind = std::async(std::launch::async, [&] { Read(all.subspan(half)); });
-    Read(all.first(half));
-    behind.get();
+    SideBySide([&] { Read(all.first(half)); }, [&] { Read(all.subspan(half)); });
 }
 
 void RecordedTexts::List(OdDbDatabase& drawing) {

@@ -2,13 +2,13 @@
 #include "apps/cli/Scan.h"
 
 #include <algorithm>
-#include <future>
 #include <span>
 
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/SecondThread.h"
 #include "platform/drawing/OdError.h"
-#include "platform/drawing/ReadingThread.h"
+#include "platform/drawing/SecondThread.h"
 #include "platform/text/Conversion.h"
 #include "translator/cad/CICad.h"
 #include "translator/engine/ITradCad.h"
@@ -38,13 +38,12 @@ traducaoTQ::ListaTraduziveis RunHalves(const traducaoTQ::ITradCad::Pedido& reque
     const std::vector<OdDbObjectId> ids = scan.BuscarObjetosMistos(request);
     const std::span<const OdDbObjectId> all(ids);
     const size_t half = all.size() / 2;
-    auto behind = std::async(std::launch::async, [&] {
-        const OdDbReadingThread reading;
-        return ITradCad::ColherMistos(request, all.subspan(half));
-    });
-    std::vector<ITradCad::Colheita> parts;
-    parts.push_back(ITradCad::ColherMistos(request, all.first(half)));
-    parts.push_back(behind.get());
+    std::vector<ITradCad::Colheita> parts(2);
+    SideBySide([&] { parts[0] = ITradCad::ColherMistos(request, all.first(half)); },
+               [&] {
+                   const OdDbSecondThread second;
+                   parts[1] = ITradCad::ColherMistos(request, all.subspan(half));
+               });
     return scan.JuntarColheitas(std::move(parts));
 }
 

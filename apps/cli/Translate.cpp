@@ -1,7 +1,6 @@
 // kelvara translate: writes the translations of the dictionary into a drawing and certifies it.
 #include "apps/cli/Csv.h"
 #include "apps/cli/Failure.h"
-#include "apps/cli/Heap.h"
 #include "apps/cli/Output.h"
 #include "apps/cli/TranslatedDrawing.h"
 
@@ -47,9 +46,8 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     auto objects = Scan(session, arguments.scan).Run();
     progress.Phase("matching");
     TranslationTable table =
-        MakeTable(session, dictionary.get(), std::move(objects), arguments.languages, keep);
+        MakeTable(session, dictionary.Get(), std::move(objects), arguments.languages, keep);
     session.CloseDatabase();
-    TakeOverHeaps();
     const std::string csv = arguments.csv.empty() ? std::string() : ToCsv(table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
     if (arguments.csv.empty()) {

@@ -40,7 +40,7 @@ void TranslatedDrawing::Write(TranslationTable& table) {
             return RecordText(store, table, object, line);
         };
     } else {
-        table.table.traducoes.reset();
+        OnSecondThread([&table] { table.table.traducoes.reset(); }).Get();  // it has made them
     }
     Written written = WriteTexts(table, session.Drawing(), record, progress);
     report.unwritten = std::move(written.unwritten);

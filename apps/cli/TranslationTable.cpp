@@ -42,10 +42,9 @@ void ChooseLanguages(TranslationTable& table, const LanguageOptions& options, in
 
 }  // namespace
 
-std::future<Dictionary> ReadDictionary(Session& session, const LanguageOptions& options,
-                                       Keep keep) {
+Awaited<Dictionary> ReadDictionary(Session& session, const LanguageOptions& options, Keep keep) {
     session.OpenDatabase();
-    return std::async(std::launch::async, [&session, options, keep] {
+    return OnSecondThread([&session, options, keep] {
         const Languages languages;
         Dictionary dictionary{languages.All(), nullptr};
         const bool bothNamed = !options.from.empty() && !options.to.empty();
@@ -69,6 +68,7 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
         KeepColumns(*table.table.traducoes, {table.from.descr, table.to->descr});
     }
     table.objects = std::move(objects);
+    table.table.fazerAmbos = SideBySide<std::function<void()>, std::function<void()>>;
     table.table.AgruparExpressoes(*table.objects,
                                   traducaoTQ::ITabelaExpressoes::Textos::VaoParaAsLinhas);
     table.table.AtualizarExpressoes(
@@ -81,7 +81,7 @@ TranslationTable ReadTable(Session& session, const std::string& drawing, const S
     auto dictionary = ReadDictionary(session, options, Keep::SourceAndTarget);
     session.OpenDrawing(drawing);
     auto objects = Scan(session, scan).Run();
-    return MakeTable(session, dictionary.get(), std::move(objects), options, Keep::SourceAndTarget);
+    return MakeTable(session, dictionary.Get(), std::move(objects), options, Keep::SourceAndTarget);
 }
 
 const char* StateOf(const structExpressao& line) {

@@ -1,12 +1,12 @@
 // A drawing's texts grouped into lines and matched with the dictionary.
 #pragma once
 
-#include <future>
 #include <memory>
 #include <optional>
 
 #include "apps/cli/Languages.h"
 #include "apps/cli/Scan.h"
+#include "apps/cli/SecondThread.h"
 #include "translator/dialogs/ITabelaExpressoes.h"
 
 namespace cli {
@@ -33,9 +33,9 @@ struct Dictionary {
     std::unique_ptr<traducaoTQ::IBDIdiomas::structTraducoes> terms;  // null: none are asked for
 };
 
-// Opens the session's dictionary, and reads it on a thread of its own from then on. The session
-// must outlive the reading.
-std::future<Dictionary> ReadDictionary(Session& session, const LanguageOptions& options, Keep keep);
+// Opens the session's dictionary, and reads it on the second thread from then on. The session must
+// outlive the reading.
+Awaited<Dictionary> ReadDictionary(Session& session, const LanguageOptions& options, Keep keep);
 
 // Groups the objects of the session's drawing and matches them.
 TranslationTable MakeTable(Session& session, Dictionary dictionary,

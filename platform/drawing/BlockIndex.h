@@ -14,7 +14,7 @@
 class OdDbDatabaseImpl;
 
 // Made on first use and kept; erased entities stay in the lists, whose users pass over them. What a
-// thread that reads beside another asks for (see OdDbReadingThread) may be made for either.
+// thread that reads beside another asks for (see OdDbSecondThread) may be made for either.
 class BlockIndex {
   public:
     using Contents = std::shared_ptr<const std::vector<dxf::RecordIndex>>;

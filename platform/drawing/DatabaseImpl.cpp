@@ -1,7 +1,7 @@
 // A drawing in memory: its objects by index, their handles, undo.
 #include "platform/drawing/DatabaseImpl.h"
 
-#include "platform/drawing/ReadingThread.h"
+#include "platform/drawing/SecondThread.h"
 #include "platform/text/Conversion.h"
 
 using dxf::kNoRecord;
@@ -100,7 +100,7 @@ OdDbObjectId OdDbDatabaseImpl::ownerOf(uint32_t index) {
 }
 
 void OdDbDatabaseImpl::forget(OdDbObject& view) {
-    OdDbReadingThread::viewsOr(views).Erase(view.index);
+    OdDbSecondThread::viewsOr(views).Erase(view.index);
     if (!virtualObject(view.index)) dictionaries.leave(view.index);
 }
 
@@ -111,7 +111,7 @@ void OdDbDatabaseImpl::adopt(OdDbObject& view, RecordIndex index) {
 }
 
 OdDbObjectPtr OdDbDatabaseImpl::open(uint32_t index, OdDb::OpenMode mode) {
-    ViewTable& opened = OdDbReadingThread::viewsOr(views);
+    ViewTable& opened = OdDbSecondThread::viewsOr(views);
     OdDbObjectPtr view = opened.Find(index);
     if (view.isNull()) {
         view = makeView(index);

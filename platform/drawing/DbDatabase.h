@@ -14,7 +14,7 @@ class OdDbObjectIdArray;
 using OdDbDatabasePtr = OdSmartPtr<OdDbDatabase>;
 
 // Owns all objects; its end makes the views that are still held useless (see OdDbObject), and ids
-// and iterators of it must not be used any more. One thread at a time; see OdDbReadingThread.
+// and iterators of it must not be used any more. One thread at a time; see OdDbSecondThread.
 //
 // Objects of the file that have no handle, and all but the first of those with one handle, have
 // handles in memory, which are never written.

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <thread>
 
 #include "translator/dialogs/ITabelaExpressoes.h"
 #include "translator/engine/ListaTraduziveis.h"
@@ -160,6 +161,12 @@ void ExpectEqual(Tabela& tabela, const Modelo& modelo) {
     }
 }
 
+void FazerAoMesmoTempo(const std::function<void()>& um, const std::function<void()>& outro) {
+    std::thread segunda(outro);
+    um();
+    segunda.join();
+}
+
 TEST(Expressoes, RandomTablesAgreeWithTheQuadraticRules) {
     std::mt19937 acaso(20240607);
     // Few letters, so that texts repeat, differ in case alone, and meet in several terms.
@@ -177,6 +184,7 @@ TEST(Expressoes, RandomTablesAgreeWithTheQuadraticRules) {
 
         Tabela tabela;
         tabela.traducoes = Dicionario(linhas);
+        if (rodada % 2) tabela.fazerAmbos = FazerAoMesmoTempo;
         Modelo modelo;
         tabela.AgruparExpressoes(*objetos);
         modelo.Agrupar(*objetos);

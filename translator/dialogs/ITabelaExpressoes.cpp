@@ -20,57 +20,38 @@ std::optional<size_t> PosicaoDe(const std::vector<TQString>& nomes, const TQStri
     return static_cast<size_t>(achado - nomes.begin());
 }
 
-// The texts of that column; primeiros becomes the first term of each.
-IndiceTextos IndiceDosTermos(std::vector<structTermo>& termos, size_t coluna,
-                             std::vector<structTermo*>& primeiros) {
+IndiceTextos IndiceDosTermos(const std::vector<structTermo>& termos, size_t coluna,
+                             const FazerAmbos& fazerAmbos) {
     IndiceTextos::Vistas textos;
     textos.reserve(termos.size());
     for (const structTermo& termo : termos) textos.emplace_back(termo.translations.at(coluna));
-    std::vector<uint32_t> numeros;
-    IndiceTextos indice(textos, numeros);
-    for (size_t i = 0; i < numeros.size(); ++i) {
-        if (numeros[i] == primeiros.size()) primeiros.push_back(&termos[i]);
-    }
-    return indice;
+    return IndiceTextos(std::move(textos), fazerAmbos);
 }
 
-// The term of each line: the first one that has the line's text in that column, or null.
-std::vector<structTermo*> TermosDasLinhas(const ITabelaExpressoes::ListaExpressoes& linhas,
-                                          std::vector<structTermo>& termos, size_t coluna) {
-    std::vector<structTermo*> primeiros;
-    const IndiceTextos indice = IndiceDosTermos(termos, coluna, primeiros);
-    std::vector<structTermo*> achados;
-    achados.reserve(linhas.size());
-    // A part of the lines at a time: this is where the most memory is in use.
-    constexpr size_t kParte = 16384;
-    for (size_t inicio = 0; inicio < linhas.size(); inicio += kParte) {
-        IndiceTextos::Vistas originais;
-        for (size_t i = inicio; i < std::min(inicio + kParte, linhas.size()); ++i) {
-            originais.emplace_back(linhas[i]->original);
-        }
-        for (uint32_t numero : indice.Procurar(originais)) {
-            achados.push_back(numero == IndiceTextos::kNenhum ? nullptr : primeiros[numero]);
-        }
-    }
-    return achados;
-}
-
-// The line of each object; how many lines there are. What it takes to find out is gone before the
-// lines are made.
-size_t NumerarTextos(const std::vector<ETraduzivel*>& objetos, std::vector<uint32_t>& linhas) {
+// The line of each object, and how many lines there are. What it takes to find out is gone before
+// the lines are made.
+size_t NumerarTextos(const std::vector<ETraduzivel*>& objetos, const FazerAmbos& fazerAmbos,
+                     std::vector<uint32_t>& linhas) {
     IndiceTextos::Vistas textos;
     textos.reserve(objetos.size());
     for (const ETraduzivel* objeto : objetos) textos.push_back(*objeto->GetTexto());
-    return IndiceTextos(textos, linhas).Quantidade();
+    const IndiceTextos indice(std::move(textos), fazerAmbos);
+    const std::vector<uint32_t>& primeiros = indice.Primeiros();
+    linhas.resize(objetos.size());
+    uint32_t quantidade = 0;
+    for (uint32_t i = 0; i < linhas.size(); ++i) {
+        linhas[i] = primeiros[i] == i ? quantidade++ : linhas[primeiros[i]];
+    }
+    return quantidade;
 }
 
 // The objects of each line side by side, in scan order.
 class ObjetosPorLinha {
   public:
-    explicit ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos)
+    ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos, const FazerAmbos& fazerAmbos)
         : ordenados(objetos.size() + kDistancia) {  // so that fetching ahead finds no end
         std::vector<uint32_t> linhas;
-        fins.resize(NumerarTextos(objetos, linhas));
+        fins.resize(NumerarTextos(objetos, fazerAmbos, linhas));
         for (uint32_t linha : linhas) ++fins[linha];
         std::exclusive_scan(fins.begin(), fins.end(), fins.begin(), uint32_t{0});
         for (size_t i = 0; i < objetos.size(); ++i) ordenados[fins[linhas[i]]++] = objetos[i];
@@ -114,15 +95,18 @@ void Limpar(structExpressao& linha) {
 }  // namespace
 
 void ITabelaExpressoes::AgruparExpressoes(const std::vector<ETraduzivel*>& objetos, Textos textos) {
-    const ObjetosPorLinha grupos(objetos);
-    expressoes = std::make_unique<ListaExpressoes>();
-    expressoes->reserve(grupos.Quantidade());
-    for (size_t i = 0; i < grupos.Quantidade(); ++i) {
-        const auto grupo = grupos.Da(i);
-        structExpressao& linha = *expressoes->emplace_back(std::make_unique<structExpressao>());
-        linha.original = textos == Textos::Ficam ? *grupo.front()->GetTexto() : SoltarTextos(grupo);
-        linha.objetos.assign(grupo.begin(), grupo.end());
-    }
+    const ObjetosPorLinha grupos(objetos, fazerAmbos);
+    expressoes = std::make_unique<ListaExpressoes>(grupos.Quantidade());
+    EmMetades(grupos.Quantidade(), fazerAmbos, [&](size_t inicio, size_t fim) {
+        for (size_t i = inicio; i < fim; ++i) {
+            const auto grupo = grupos.Da(i);
+            auto linha = std::make_unique<structExpressao>();
+            linha->original =
+                textos == Textos::Ficam ? *grupo.front()->GetTexto() : SoltarTextos(grupo);
+            linha->objetos.assign(grupo.begin(), grupo.end());
+            (*expressoes)[i] = std::move(linha);
+        }
+    });
 }
 
 const TQString& ITabelaExpressoes::RotuloDe(uint32_t estado) const {
@@ -156,20 +140,39 @@ void ITabelaExpressoes::AtualizarExpressoes(const std::optional<TQString>& idiom
 }
 
 void ITabelaExpressoes::Traduzir(size_t colunaOrigem, size_t colunaDestino) {
-    const auto termos = TermosDasLinhas(*expressoes, traducoes->terms, colunaOrigem);
-    // An empty text of the first equal term ends the search: later terms do not count.
-    std::vector<std::u16string_view> textos;
-    textos.reserve(termos.size());
-    for (const structTermo* termo : termos) {
-        textos.push_back(termo ? std::u16string_view(termo->translations.at(colunaDestino))
-                               : std::u16string_view());
+    std::vector<structTermo>& termos = traducoes->terms;
+    const IndiceTextos indice = IndiceDosTermos(termos, colunaOrigem, fazerAmbos);
+    EmMetades(expressoes->size(), fazerAmbos, [&](size_t inicio, size_t fim) {
+        // A part of the lines at a time: this is where the most memory is in use.
+        constexpr size_t kParte = 4096;
+        for (; inicio < fim; inicio += kParte) {
+            const std::span linhas(&(*expressoes)[inicio], std::min(kParte, fim - inicio));
+            TraduzirLinhas(linhas, indice, colunaDestino);
+        }
+    });
+}
+
+// An empty text of the first equal term ends the search: later terms do not count.
+void ITabelaExpressoes::TraduzirLinhas(std::span<const std::unique_ptr<structExpressao>> linhas,
+                                       const IndiceTextos& indice, size_t colunaDestino) {
+    std::vector<structTermo>& termos = traducoes->terms;
+    IndiceTextos::Vistas originais, textos;
+    for (const auto& linha : linhas) originais.emplace_back(linha->original);
+    const std::vector<uint32_t> lugares = indice.Procurar(originais);
+    for (const uint32_t lugar : lugares) {
+        if (lugar != IndiceTextos::kNenhum) __builtin_prefetch(termos[lugar].translations.data());
     }
-    for (size_t i = 0; i < termos.size(); ++i) {
-        structExpressao& linha = *(*expressoes)[i];
+    for (const uint32_t lugar : lugares) {
+        textos.push_back(lugar == IndiceTextos::kNenhum
+                             ? std::u16string_view()
+                             : termos[lugar].translations.at(colunaDestino));
+    }
+    for (size_t i = 0; i < linhas.size(); ++i) {
+        structExpressao& linha = *linhas[i];
         if (EstaFeitaPeloUsuario(linha)) continue;
         linha.traducao.assign(textos[i]);
         linha.estado = textos[i].empty() ? NaoTraduzido : Automatica;
-        if (linha.estado == Automatica) linha.termo = termos[i];
+        if (linha.estado == Automatica) linha.termo = &termos[lugares[i]];
         linha.rotuloEstado = RotuloDe(linha.estado);
     }
 }

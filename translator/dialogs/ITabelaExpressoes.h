@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "translator/cad/TQString.h"
+#include "translator/dialogs/IndiceTextos.h"
 #include "translator/engine/ETraduzivel.h"
 #include "translator/langdb/IBDIdiomas.h"
 
@@ -53,11 +55,15 @@ class ITabelaExpressoes {
     TQString rotuloManual;
     TQString rotuloImportado;
     TQString rotuloNaoTraduzido;
+    // How grouping and matching do the two halves of their work.
+    FazerAmbos fazerAmbos = UmDepoisDoOutro;
 
   private:
     const TQString& RotuloDe(uint32_t estado) const;
     void ReporEstados();
     void Traduzir(size_t colunaOrigem, size_t colunaDestino);
+    void TraduzirLinhas(std::span<const std::unique_ptr<structExpressao>> linhas,
+                        const IndiceTextos& indice, size_t colunaDestino);
 };
 
 }  // namespace traducaoTQ

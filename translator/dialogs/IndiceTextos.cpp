@@ -1,14 +1,13 @@
-// Numbers texts in the order of their first arrival: open addressing with linear probing.
+// Finds for each text of a list the first one that is equal.
 #include "translator/dialogs/IndiceTextos.h"
 
 #include <bit>
-#include <functional>
 
 namespace traducaoTQ {
 
 namespace {
 
-// How many texts ahead the place in the table, the view and the text itself are fetched.
+// How many texts ahead the slot, the view of the text in it, and both texts are fetched.
 constexpr size_t kDistanciaCasa = 24, kDistanciaVista = 16, kDistanciaTexto = 8;
 
 // Texts of a drawing are short: the first and the last line of memory are mostly all.
@@ -18,76 +17,89 @@ void AnteciparTexto(std::u16string_view texto) {
 }
 
 uint32_t MarcaDe(size_t hash) { return static_cast<uint32_t>(hash >> 32); }
-
-std::vector<size_t> HashesDe(const IndiceTextos::Vistas& textos) {
-    std::vector<size_t> hashes;
-    hashes.reserve(textos.size() + kDistanciaCasa);
-    for (size_t i = 0; i < textos.size(); ++i) {
-        if (i + kDistanciaTexto < textos.size()) AnteciparTexto(textos[i + kDistanciaTexto]);
-        hashes.push_back(std::hash<std::u16string_view>()(textos[i]));
-    }
-    hashes.resize(textos.size() +
-                  kDistanciaCasa);  // so that fetching ahead need not look for the end
-    return hashes;
-}
+size_t ParteDe(size_t hash) { return hash >> 63; }
 
 }  // namespace
 
-IndiceTextos::IndiceTextos(const Vistas& textos, std::vector<uint32_t>& numeros)
-    : casas(std::bit_ceil(2 * textos.size() + 1)) {
-    numerados.reserve(textos.size());
-    numeros.reserve(textos.size());
-    ParaCadaLugar(textos, [&](std::u16string_view texto, size_t hash, size_t lugar) {
-        Casa& casa = casas[lugar];
-        if (casa.numero == 0) {
-            numerados.push_back(texto);
-            casa = {MarcaDe(hash), static_cast<uint32_t>(numerados.size())};
-        }
-        numeros.push_back(casa.numero - 1);
-    });
+void UmDepoisDoOutro(const std::function<void()>& um, const std::function<void()>& outro) {
+    um();
+    outro();
 }
 
-std::vector<uint32_t> IndiceTextos::Procurar(const Vistas& textos) const {
-    std::vector<uint32_t> numeros;
-    numeros.reserve(textos.size());
-    ParaCadaLugar(textos, [&](std::u16string_view, size_t, size_t lugar) {
-        const uint32_t numero = casas[lugar].numero;
-        numeros.push_back(numero == 0 ? kNenhum : numero - 1);
-    });
-    return numeros;
+IndiceTextos::IndiceTextos(Vistas vistas, const FazerAmbos& fazerAmbos)
+    : textos(std::move(vistas)), primeiros(textos.size()) {
+    const size_t meio = textos.size() / 2;
+    std::array<Entradas, 2> metades;
+    fazerAmbos([&] { metades[0] = Separar(textos, 0, meio); },
+               [&] { metades[1] = Separar(textos, meio, textos.size()); });
+    const auto entrar = [&](size_t parte) {
+        partes[parte].resize(std::bit_ceil(textos.size() + 1));
+        for (const Entradas& metade : metades) Entrar(partes[parte], metade[parte]);
+    };
+    fazerAmbos([&] { entrar(0); }, [&] { entrar(1); });
 }
 
-template <class Visita>
-void IndiceTextos::ParaCadaLugar(const Vistas& textos, Visita visita) const {
-    const std::vector<size_t> hashes = HashesDe(textos);
-    for (size_t i = 0; i < textos.size(); ++i) {
-        Antecipar(hashes, i);
-        visita(textos[i], hashes[i], LugarDe(textos[i], hashes[i]));
+IndiceTextos::Entradas IndiceTextos::Separar(const Vistas& textos, size_t inicio, size_t fim) {
+    Entradas entradas;
+    for (auto& parte : entradas) parte.reserve((fim - inicio) / 2 + (fim - inicio) / 16);
+    for (size_t i = inicio; i < fim; ++i) {
+        if (i + kDistanciaTexto < fim) AnteciparTexto(textos[i + kDistanciaTexto]);
+        const size_t hash = std::hash<std::u16string_view>()(textos[i]);
+        entradas[ParteDe(hash)].push_back({hash, static_cast<uint32_t>(i)});
     }
+    return entradas;
 }
 
-void IndiceTextos::Antecipar(const std::vector<size_t>& hashes, size_t proximo) const {
+void IndiceTextos::Antecipar(const Vistas& textos, const Vistas& conhecidos, const Parte& parte,
+                             const std::vector<Entrada>& entradas, size_t proxima) {
+    if (proxima + kDistanciaCasa >= entradas.size()) return;
     const auto casa = [&](size_t distancia) -> const Casa& {
-        return casas[hashes[proximo + distancia] & (casas.size() - 1)];
+        return parte[entradas[proxima + distancia].hash & (parte.size() - 1)];
     };
     __builtin_prefetch(&casa(kDistanciaCasa));
-    if (const uint32_t numero = casa(kDistanciaVista).numero) {
-        __builtin_prefetch(&numerados[numero - 1]);
+    if (const uint32_t lugar = casa(kDistanciaVista).lugar) {
+        __builtin_prefetch(&conhecidos[lugar - 1]);
     }
-    if (const uint32_t numero = casa(kDistanciaTexto).numero) {
-        AnteciparTexto(numerados[numero - 1]);
+    if (const uint32_t lugar = casa(kDistanciaTexto).lugar) {
+        AnteciparTexto(conhecidos[lugar - 1]);
+        AnteciparTexto(textos[entradas[proxima + kDistanciaTexto].lugar]);
     }
 }
 
-size_t IndiceTextos::LugarDe(std::u16string_view texto, size_t hash) const {
-    const size_t ultima = casas.size() - 1;
-    size_t lugar = hash & ultima;
-    while (casas[lugar].numero != 0) {
-        const Casa& casa = casas[lugar];
-        if (casa.marca == MarcaDe(hash) && numerados[casa.numero - 1] == texto) break;
-        lugar = (lugar + 1) & ultima;
+void IndiceTextos::Entrar(Parte& parte, const std::vector<Entrada>& entradas) {
+    for (size_t i = 0; i < entradas.size(); ++i) {
+        Antecipar(textos, textos, parte, entradas, i);
+        const auto [hash, lugar] = entradas[i];
+        Casa& casa = parte[CasaDe(parte, textos, textos[lugar], hash)];
+        if (casa.lugar == 0) casa = {MarcaDe(hash), lugar + 1};
+        primeiros[lugar] = casa.lugar - 1;
     }
-    return lugar;
+}
+
+std::vector<uint32_t> IndiceTextos::Procurar(const Vistas& outros) const {
+    std::vector<uint32_t> achados(outros.size());
+    const Entradas entradas = Separar(outros, 0, outros.size());
+    for (size_t p = 0; p < partes.size(); ++p) {
+        for (size_t i = 0; i < entradas[p].size(); ++i) {
+            Antecipar(outros, textos, partes[p], entradas[p], i);
+            const auto [hash, lugar] = entradas[p][i];
+            const Casa& casa = partes[p][CasaDe(partes[p], textos, outros[lugar], hash)];
+            achados[lugar] = casa.lugar == 0 ? kNenhum : casa.lugar - 1;
+        }
+    }
+    return achados;
+}
+
+size_t IndiceTextos::CasaDe(const Parte& parte, const Vistas& conhecidos, std::u16string_view texto,
+                            size_t hash) {
+    const size_t ultima = parte.size() - 1;
+    size_t numero = hash & ultima;
+    while (parte[numero].lugar != 0) {
+        const Casa& casa = parte[numero];
+        if (casa.marca == MarcaDe(hash) && conhecidos[casa.lugar - 1] == texto) break;
+        numero = (numero + 1) & ultima;
+    }
+    return numero;
 }
 
 }  // namespace traducaoTQ

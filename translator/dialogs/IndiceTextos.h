@@ -1,11 +1,25 @@
-// Numbers texts 0, 1, 2 ... in the order of their first arrival.
+// Finds for each text of a list the first one that is equal.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
 namespace traducaoTQ {
+
+// Does two pieces of work of which neither changes what the other one looks at. The module does
+// them one after the other; a program with threads may do them at the same time.
+using FazerAmbos = std::function<void(const std::function<void()>&, const std::function<void()>&)>;
+void UmDepoisDoOutro(const std::function<void()>& um, const std::function<void()>& outro);
+
+// Calls trabalho(inicio, fim) for both halves of 0 .. quantidade.
+template <class Trabalho>
+void EmMetades(size_t quantidade, const FazerAmbos& fazerAmbos, const Trabalho& trabalho) {
+    const size_t meio = quantidade / 2;
+    fazerAmbos([&] { trabalho(size_t{0}, meio); }, [&] { trabalho(meio, quantidade); });
+}
 
 // Made for hundreds of thousands of texts, where most of the time goes into waiting for memory: a
 // few dense arrays in place of a node per text, and whole lists at a time, so that the memory of
@@ -15,25 +29,39 @@ class IndiceTextos {
     using Vistas = std::vector<std::u16string_view>;
     static constexpr uint32_t kNenhum = 0xFFFFFFFF;
 
-    // numeros[i] becomes the number of textos[i].
-    IndiceTextos(const Vistas& textos, std::vector<uint32_t>& numeros);
-    size_t Quantidade() const { return numerados.size(); }
+    explicit IndiceTextos(Vistas vistas, const FazerAmbos& fazerAmbos = UmDepoisDoOutro);
 
-    std::vector<uint32_t> Procurar(const Vistas& textos) const;  // kNenhum for an unknown text
+    // [i] is the place of the first text that equals text i: i itself where it is the first.
+    const std::vector<uint32_t>& Primeiros() const { return primeiros; }
+
+    // The place of the first text that equals each of these; kNenhum for an unknown one.
+    std::vector<uint32_t> Procurar(const Vistas& outros) const;
 
   private:
     struct Casa {
-        uint32_t marca = 0;   // the upper half of the hash
-        uint32_t numero = 0;  // from 1 on; 0: free
+        uint32_t marca = 0;  // the upper half of the hash
+        uint32_t lugar = 0;  // of the text, from 1 on; 0: free
     };
-    template <class Visita>
-    void ParaCadaLugar(const Vistas& textos, Visita visita) const;
-    void Antecipar(const std::vector<size_t>& hashes, size_t proximo) const;
-    // The place of the text, or the free one where it belongs.
-    size_t LugarDe(std::u16string_view texto, size_t hash) const;
+    // Half of the texts, by a bit of their hashes: open addressing with linear probing. A power of
+    // two, which the texts leave half empty in the mean.
+    using Parte = std::vector<Casa>;
+    struct Entrada {
+        size_t hash;
+        uint32_t lugar;
+    };
+    using Entradas = std::array<std::vector<Entrada>, 2>;  // those of each part, in order
 
-    std::vector<Casa> casas;  // a power of two, at most half of them taken
-    Vistas numerados;
+    static Entradas Separar(const Vistas& textos, size_t inicio, size_t fim);
+    static void Antecipar(const Vistas& textos, const Vistas& conhecidos, const Parte& parte,
+                          const std::vector<Entrada>& entradas, size_t proxima);
+    void Entrar(Parte& parte, const std::vector<Entrada>& entradas);
+    // The slot of the text, or the free one where it belongs.
+    static size_t CasaDe(const Parte& parte, const Vistas& conhecidos, std::u16string_view texto,
+                         size_t hash);
+
+    Vistas textos;
+    std::array<Parte, 2> partes;
+    std::vector<uint32_t> primeiros;
 };
 
 }  // namespace traducaoTQ

@@ -1,6 +1,7 @@
 // The edits of a drawing by record.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <memory>
@@ -41,6 +42,7 @@ struct Edit {
     // how many saves there had been.
     std::unique_ptr<const Overlay> savedOverlay;  // null: as in the file
     uint32_t saves = 0;
+    uint16_t changes = 0;  // wraps
     bool savedErased = false;
 };
 
@@ -48,6 +50,10 @@ struct Edit {
 // order of the records needs no sorting.
 class EditTable {
   public:
+    // How many records the file has. Once the first of them is edited, an edit of another one moves
+    // nothing that is being looked at.
+    void Expect(size_t records) { expected = records; }
+
     Edit* Find(RecordIndex number) {
         const uint32_t place = number < places.size() ? places[number] : 0;
         return place ? &At(place) : nullptr;
@@ -59,7 +65,10 @@ class EditTable {
     // Made when there is none; stays in its place.
     Edit& Of(RecordIndex number) {
         if (Edit* edit = Find(number)) return *edit;
-        if (number >= places.size()) places.resize(number + 1);
+        if (number >= places.size()) {
+            places.resize(std::max<size_t>(expected, number + 1));
+            pieces.reserve(expected / kPiece + 1);
+        }
         if (count % kPiece == 0) pieces.push_back(std::make_unique<Piece>());
         places[number] = ++count;
         return At(count);
@@ -81,6 +90,7 @@ class EditTable {
     std::vector<uint32_t> places;                // of the edit of each record, from 1 on
     std::vector<std::unique_ptr<Piece>> pieces;  // growing moves no edit
     uint32_t count = 0;
+    size_t expected = 0;
 };
 
 }  // namespace dxf

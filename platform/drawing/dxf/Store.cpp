@@ -36,6 +36,7 @@ void Store::Impl::IndexFile() {
     RecogniseFile(file, index);
     index.format == Format::Ascii ? IndexAscii(file, index) : IndexBinary(file, index);
     fileCount = index.records.Count();
+    edits.Expect(fileCount);
     version = VersionOfName(index.header.version);
     codec = std::make_unique<TextCodec>(version, index.header.codePage);
     EnterHandles();
@@ -125,8 +126,6 @@ RecordIndex Store::Previous(RecordIndex index) const {
 }
 
 RecordIndex Store::FindHandle(uint64_t handle) const { return impl->handles.Find(handle); }
-
-uint64_t Store::Changes() const { return impl->changes; }
 
 std::string_view Store::Original() const { return impl->file.View(); }
 

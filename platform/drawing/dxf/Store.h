@@ -86,8 +86,13 @@ class Store {
     void SetErased(RecordIndex index, bool erased);  // an erased record is left out at save
     GroupWriter NewWriter(
         RecordIndex neighbour = kNoRecord) const;  // format and line end of the place
-    uint64_t Changes() const;                      // how many edits there have been
     bool Modified() const;                         // a save would differ from the file
+    // Another count than before tells that the record has changed since; it wraps.
+    uint32_t ChangesOf(RecordIndex index) const;
+    // Whether the text of a record, or a string of its extended data, can get another value while
+    // another thread gives one to another such record: so it is for most texts, attributes and
+    // polylines. Nothing else may be done to the store meanwhile.
+    bool CanChangeBeside(RecordIndex index) const;
     void MarkSaved();
 
     // The file at a path as it was when this store read or saved it; nothing when it never did.

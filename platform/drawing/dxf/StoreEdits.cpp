@@ -101,7 +101,12 @@ std::string Store::Impl::Applied(RecordIndex number, const Overlay& overlay) con
 
 // The edit of a record that is about to change.
 Edit& Store::Impl::EditToChange(RecordIndex number) {
-    Edit& edit = edits.Of(number);
+    const auto made = [&]() -> Edit& {
+        const std::lock_guard lock(growing);
+        return edits.Of(number);
+    };
+    Edit& edit = made();
+    ++edit.changes;
     if (edit.saves == saves) return edit;
     edit.saves = saves;
     edit.savedErased = index.records[number].flags & kErased;
@@ -122,18 +127,20 @@ void Store::Impl::SetOverlay(RecordIndex number, Overlay overlay) {
     edit.patched.Reset();
     edit.overlay = std::move(overlay);
     TakeDescription(number, description);
-    ++changes;
 }
 
 // Whether another value changes nothing of the index but places and lengths, and the record is as
 // in the file or patched.
 bool Store::Impl::IsEasyToPatch(RecordIndex number, const Group& group) const {
     const Action action = ActionOfCode(group.code);
-    const uint8_t flags = index.records[number].flags;
-    const bool whole = (flags & kOverlaid) && edits.Find(number)->overlay.IsWhole();
-    return !(flags & kInserted) && !whole && group.IsString() &&
+    return IsOfFileOrPatched(number) && group.IsString() &&
            (action == Action::None || action == Action::Text) &&
            MissingLineEnd(FileBytes(number), number).empty();
+}
+
+bool Store::Impl::IsOfFileOrPatched(RecordIndex number) const {
+    const uint8_t flags = index.records[number].flags;
+    return !(flags & kInserted) && !((flags & kOverlaid) && edits.Find(number)->overlay.IsWhole());
 }
 
 // One patch for what the record's patch changes and what stands at `at` of its present bytes.
@@ -165,14 +172,12 @@ void Store::Impl::Patch(RecordIndex number, const Group& group, std::string_view
     record.length += longer;
     for (uint32_t* hint : {&record.text, &record.xdata})
         if (*hint > at) *hint += longer;
-    ++changes;
 }
 
 void Store::Impl::SetErasedFlag(RecordIndex number, bool erased) {
     EditToChange(number);
     Record& record = index.records[number];
     record.flags = uint8_t(erased ? record.flags | kErased : record.flags & ~kErased);
-    ++changes;
 }
 
 RecordState Store::Impl::StateOf(RecordIndex number) const {
@@ -213,6 +218,21 @@ void Store::ReplaceValue(RecordIndex index, const Group& group, std::string_view
     Replace(index, std::string(old).replace(at, group.value.size(), value));
 }
 
+bool Store::CanChangeBeside(RecordIndex index) const {
+    const Record& record = At(index);
+    if (impl->recording || impl->readOnly || (record.flags & kHasEmbedded)) return false;
+    if (!impl->IsOfFileOrPatched(index) || index + 1 >= impl->fileCount) return false;
+    if (record.type == RecordType::LwPolyline) return true;
+    if (record.type != RecordType::Text && record.type != RecordType::Attrib) return false;
+    Group text;
+    return record.text != 0 && Groups(index, record.text).Next(text) && text.code == 1;
+}
+
+uint32_t Store::ChangesOf(RecordIndex index) const {
+    const Edit* edit = impl->edits.Find(index);
+    return edit ? edit->changes : 0;
+}
+
 RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
     impl->RequireEditable();
     impl->EndLastLine(bytes, where);
@@ -227,7 +247,6 @@ RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
     edit.saves = impl->saves;
     impl->Link(inserted, where);
     impl->TakeDescription(inserted, description);
-    ++impl->changes;
     impl->Remember({inserted, Overlay(), true, true});
     return inserted;
 }

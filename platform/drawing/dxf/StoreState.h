@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <mutex>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -39,7 +40,7 @@ struct Store::Impl {
     uint64_t firstNewHandle = 1, nextHandle = 1;
 
     EditTable edits;
-    uint64_t changes = 0;
+    std::mutex growing;  // of the edits
     uint32_t saves = 0;
     std::vector<Links> links;  // of the inserted records, in order of insertion
     std::unordered_map<RecordIndex, Chain> chains;
@@ -75,6 +76,7 @@ struct Store::Impl {
     void TakeDescription(RecordIndex number, const Record& description);
     void Link(RecordIndex inserted, RecordIndex where);
     bool IsEasyToPatch(RecordIndex number, const Group& group) const;
+    bool IsOfFileOrPatched(RecordIndex number) const;
     Overlay Joined(RecordIndex number, const Overlay& patch, uint32_t at, uint32_t removed,
                    std::string_view value) const;
     void Patch(RecordIndex number, const Group& group, std::string_view value);

@@ -1,0 +1,91 @@
+// Texts that two threads set at the same time.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <span>
+#include <thread>
+#include <vector>
+
+#include "platform/drawing/DbAttribute.h"
+#include "platform/drawing/DbMText.h"
+#include "platform/drawing/DbPolyline.h"
+#include "platform/drawing/DbXDataIterator.h"
+#include "platform/drawing/SecondThread.h"
+#include "tests/platform/drawing/DrawingBuilder.h"
+
+using namespace drawing_test;
+
+namespace {
+
+constexpr uint64_t kFirst = 0x100, kCount = 3000;
+
+std::string Hex(uint64_t handle) { return std::string(OdDbHandle(handle).ascii().narrowText()); }
+
+// Texts, attributes, wires of two strings, and two kinds that only one thread may change at a time.
+std::string Entities() {
+    std::mt19937 random(7);
+    std::string all;
+    for (uint64_t handle = kFirst; handle < kFirst + kCount; ++handle) {
+        const std::string old(random() % 40, 'a'), head = "5 " + Hex(handle) + "\n330 1F\n8 0\n";
+        switch (random() % 5) {
+            case 0:
+                all += "0 TEXT\n" + head + "100 AcDbText\n40 2.5\n1 " + old + "\n7 S\n";
+                break;
+            case 1:
+                all += "0 ATTRIB\n" + head + "100 AcDbText\n40 2.5\n1 " + old + "\n2 T\n70 0\n";
+                break;
+            case 2:
+                all += "0 LWPOLYLINE\n" + head + "90 0\n1001 W\n1000 A" + old + "\n1000 B\n";
+                break;
+            case 3:
+                all += "0 MTEXT\n" + head + "100 AcDbMText\n40 2.5\n1 " + old + "\n";
+                break;
+            default:
+                all += "0 TEXT\n" + head + "100 AcDbText\n40 2.5\n7 S\n";
+        }
+    }
+    return all;
+}
+
+void SetTexts(OdDbDatabase& database, uint64_t handle) {
+    const OdString now(u"now " + OdDbHandle(handle).ascii());
+    const OdDbObjectPtr object =
+        database.getOdDbObjectId(OdDbHandle(handle)).openObject(OdDb::kForWrite);
+    if (OdDbMTextPtr mtext = OdDbMText::cast(object); !mtext.isNull()) {
+        mtext->setContents(now);
+    } else if (OdDbTextPtr text = OdDbText::cast(object); !text.isNull()) {
+        text->setTextString(now);
+    } else {
+        for (int string = 1; string <= 2; ++string) {
+            OdDbXDataIterator entry(*object, u"W");
+            for (int i = 0; i < string; ++i) entry.next();
+            entry.setString(now);
+        }
+    }
+}
+
+TEST(SecondThread, SetsTextsAsOneThreadDoes) {
+    const Parts parts{.entities = Entities()};
+    OdDbDatabasePtr alone = Open(parts), shared = Open(parts);
+    std::vector<uint64_t> beside, rest;
+    for (uint64_t handle = kFirst; handle < kFirst + kCount; ++handle) {
+        const dxf::Store& store = shared->store();
+        const bool can = store.CanChangeBeside(store.FindHandle(handle));
+        (can ? beside : rest).push_back(handle);
+        SetTexts(*alone, handle);
+    }
+    EXPECT_GT(beside.size(), kCount / 2);
+    EXPECT_GT(rest.size(), kCount / 4);
+
+    const std::span<const uint64_t> all(beside);
+    std::thread second([&] {
+        const OdDbSecondThread views;
+        for (const uint64_t handle : all.subspan(all.size() / 2)) SetTexts(*shared, handle);
+    });
+    for (const uint64_t handle : all.first(all.size() / 2)) SetTexts(*shared, handle);
+    second.join();
+    for (const uint64_t handle : rest) SetTexts(*shared, handle);
+    EXPECT_EQ(shared->toBytes(), alone->toBytes());
+}
+
+}  // namespace
