@@ -1,36 +1,18 @@
 // Stepping aside of texts in blocks.
 #include "apps/cli/StandIns.h"
 
-#include <algorithm>
-
-#include "apps/cli/ReadBack.h"
-
 namespace cli {
-
-namespace {
 
 using traducaoTQ::ETraduzivel;
 
-bool HasBlockTexts(const structExpressao& line) {
-    return std::any_of(line.objetos.begin(), line.objetos.end(),
-                       [](const ETraduzivel* object) { return IsBlockText(*object); });
-}
-
-}  // namespace
-
-StandIns::StandIns(const traducaoTQ::ITabelaExpressoes::ListaExpressoes& translatedLines) {
+StandIns::StandIns(const Lines& lines, std::span<const Place> inBlocks) {
     std::unordered_set<std::u16string_view> translations;
-    for (const auto& line : translatedLines) {
-        if (line->traducao != line->original && HasBlockTexts(*line)) {
-            translations.insert(line->traducao);
-        }
+    for (const Place& place : inBlocks) {
+        const structExpressao& line = *lines[place.line];
+        if (line.traducao != line.original) translations.insert(line.traducao);
     }
-    std::unordered_set<std::u16string_view> keys;  // references of one block show the same text
-    for (const auto& line : translatedLines) {
-        if (!translations.contains(line->original)) continue;
-        for (ETraduzivel* object : line->objetos) {
-            if (IsBlockText(*object) && keys.insert(object->GetChave()).second) MoveAside(*object);
-        }
+    for (const Place& place : inBlocks) {
+        if (translations.contains(lines[place.line]->original)) MoveAside(*place.object);
     }
 }
 

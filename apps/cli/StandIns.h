@@ -3,7 +3,7 @@
 
 #include <unordered_set>
 
-#include "apps/cli/TranslationTable.h"
+#include "apps/cli/Places.h"
 
 namespace cli {
 
@@ -12,7 +12,7 @@ namespace cli {
 // written itself.
 class StandIns {
   public:
-    explicit StandIns(const traducaoTQ::ITabelaExpressoes::ListaExpressoes& translatedLines);
+    StandIns(const Lines& translatedLines, std::span<const Place> inBlocks);
 
     // Gives a text back that could not be written.
     void PutBack(traducaoTQ::ETraduzivel& object, const structExpressao& line) const;

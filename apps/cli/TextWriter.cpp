@@ -2,10 +2,9 @@
 #include "apps/cli/TextWriter.h"
 
 #include <algorithm>
-#include <span>
-#include <unordered_set>
 
 #include "apps/cli/Output.h"
+#include "apps/cli/Places.h"
 #include "apps/cli/ReadBack.h"
 #include "apps/cli/SecondThread.h"
 #include "apps/cli/StandIns.h"
@@ -18,7 +17,7 @@ namespace {
 
 using traducaoTQ::ETraduzivel;
 
-// Drops the lines and their objects, which leaves gaps.
+// The drops leave gaps.
 void DropUntranslated(std::span<std::unique_ptr<structExpressao>> lines) {
     for (auto& line : lines) {
         if (IsTranslated(*line)) continue;
@@ -42,76 +41,53 @@ void DropUntranslatedLines(TranslationTable& table) {
     }
 }
 
-// An object of a translated line; places are numbered in the order of the lines.
-struct Place {
-    uint64_t handle;
-    ETraduzivel* object;
-    uint32_t line, number;
-};
-using Places = std::span<const Place>;
-using Reports = std::vector<std::pair<uint32_t, Unwritten>>;  // by the number of the place
-
-std::vector<Place> PlacesOf(const TranslationTable& table, bool byHandle) {
-    std::vector<Place> places;
-    places.reserve(table.objects->size());
-    for (uint32_t line = 0; line < table.Lines().size(); ++line) {
-        for (ETraduzivel* object : table.Lines()[line]->objetos) {
-            const auto number = static_cast<uint32_t>(places.size());
-            places.push_back({HandleOf(*object), object, line, number});
-        }
-    }
-    if (byHandle) {
-        std::ranges::sort(places, {}, [](const Place& p) { return std::pair(p.handle, p.number); });
-    }
-    return places;
-}
-
-// Where the places behind the middle begin; those of one object stay together.
-size_t MiddleOf(Places places) {
-    size_t middle = places.size() / 2;
-    while (middle > 0 && middle < places.size() &&
-           places[middle].handle == places[middle - 1].handle) {
-        ++middle;
-    }
-    return middle;
-}
-
 // What all writers share, and none changes.
 struct Writing {
     const dxf::Store& store;  // asked for once: the drawing writes its dictionaries out for it
     const OnWritten& onWritten;
-    const traducaoTQ::ITabelaExpressoes::ListaExpressoes& lines;
+    const Lines& lines;
     const StandIns& standIns;
 };
 
-// Told now and then how many places have been written.
-using Reached = std::function<void(size_t)>;
-
-// Writes some places, and gives texts[i] what the new file is to hold for places[i]; its handle
-// stays 0 where the text could not be written.
 class TextWriter {
   public:
-    TextWriter(const Writing& writing, Places places, std::span<ExpectedText> texts)
-        : writing(writing), places(places), texts(texts) {}
+    explicit TextWriter(const Writing& writing) : writing(writing) {}
 
-    void WriteAll(const Reached& reached) {
-        WriteThose([](const Place&) { return true; }, reached);
+    void Write(std::span<const Place> places) {
+        for (size_t i = 0; i < places.size(); ++i) {
+            FetchAhead(places, i);
+            Write(places[i]);
+        }
     }
     // Beside another writer that has other objects: what only one may write at a time is left for
     // later.
-    void WriteBeside(const Reached& reached) {
-        WriteThose([this](const Place& place) { return CanBeBeside(place); }, reached);
+    void WriteBeside(std::span<const Place> places) {
+        for (size_t i = 0; i < places.size(); ++i) {
+            FetchAhead(places, i);
+            CanBeBeside(places[i]) ? Write(places[i]) : later.push_back(places[i]);
+        }
     }
-    void WriteLater() {
-        for (const size_t place : later) Write(place);
-    }
+    void WriteLater() { Write(std::exchange(later, {})); }
 
-    Reports TakeReports() { return std::move(reports); }
+    // Takes over what the other one has written.
+    void Add(TextWriter& other) {
+        std::ranges::copy(other.texts, std::back_inserter(texts));
+        std::ranges::move(other.reports, std::back_inserter(reports));
+        other.texts = {};
+    }
+    void Expect(size_t count) { texts.reserve(count); }
+
+    Written Take() {
+        std::ranges::sort(reports, {}, [](const auto& report) { return InLines(report.first); });
+        Written written{std::move(texts), {}};
+        for (auto& [place, report] : reports) written.unwritten.push_back(std::move(report));
+        return written;
+    }
 
   private:
     // Neighbours in the file are far apart in memory: the lines of the places ahead, and then the
     // texts of those lines, are fetched while others are written.
-    void FetchAhead(size_t next) const {
+    void FetchAhead(std::span<const Place> places, size_t next) const {
         constexpr size_t kLine = 16, kText = 8;
         if (next + kLine >= places.size()) return;
         const structExpressao& line = *writing.lines[places[next + kLine].line];
@@ -128,21 +104,9 @@ class TextWriter {
         return record != dxf::kNoRecord && writing.store.CanChangeBeside(record);
     }
 
-    template <class Chosen>
-    void WriteThose(const Chosen& chosen, const Reached& reached) {
-        for (size_t i = 0; i < places.size(); ++i) {
-            FetchAhead(i);
-            chosen(places[i]) ? Write(i) : later.push_back(i);
-            if (i % 1024 == 0) reached(i);
-        }
-    }
-
-    void Write(size_t number) {
-        const Place& place = places[number];
+    void Write(const Place& place) {
         ETraduzivel& object = *place.object;
         const structExpressao& line = *writing.lines[place.line];
-        // References of one block show the same text.
-        if (IsBlockText(object) && !blockTexts.insert(place.handle).second) return;
         try {
             const ReadBack written(writing.store, object, place.handle, line);
             object.SetTexto(line.traducao);
@@ -152,7 +116,7 @@ class TextWriter {
             writing.standIns.PutBack(object, line);
             return Report(place, error.description().narrowText());
         }
-        texts[number] = {place.handle, IsXdata(object), line.original, line.traducao};
+        texts.push_back({place.handle, IsXdata(object), line.original, line.traducao});
         const std::string remark =
             writing.onWritten ? writing.onWritten(object, line) : std::string();
         if (!remark.empty()) Report(place, remark);
@@ -163,7 +127,8 @@ class TextWriter {
             case traducaoTQ::TipoBlocoTexto:
                 return "not found again: the text in the block has blanks around it";
             case traducaoTQ::TipoFio:
-                return "not found again: another string of the wire has the same first field";
+                return "not found again: its first field has blanks before it, or is that of "
+                       "another string of the wire";
             default:
                 return "not found again in the data of its object";
         }
@@ -172,44 +137,53 @@ class TextWriter {
     void Report(const Place& place, const std::string& reason) {
         const ETraduzivel& object = *place.object;
         reports.push_back(
-            {place.number,
+            {place,
              {std::string(traducaoTQ::NomeTipo(object.GetTipo())), Utf8(object.GetChave()),
               Utf8(writing.lines[place.line]->original), reason}});
     }
 
     const Writing& writing;
-    const Places places;
-    const std::span<ExpectedText> texts;
-    std::unordered_set<uint64_t> blockTexts;  // handles
-    std::vector<size_t> later;
-    Reports reports;
+    std::vector<ExpectedText> texts;
+    std::vector<std::pair<Place, Unwritten>> reports;
+    std::vector<Place> later;
 };
 
-Reports WriteInOrder(const Writing& writing, Places places, std::span<ExpectedText> texts,
-                     Progress& progress) {
-    TextWriter writer(writing, places, texts);
-    const auto all = static_cast<double>(places.size());
-    writer.WriteAll([&](size_t done) { progress.Reached(static_cast<double>(done) / all); });
-    return writer.TakeReports();
+// Records are made in the order of the lines, from which they have their handles.
+Written WriteInOrder(const Writing& writing, Places places, Progress& progress) {
+    std::vector<Place> all = std::move(places.plain);
+    std::ranges::copy(places.inBlocks, std::back_inserter(all));
+    std::ranges::sort(all, {}, InLines);
+    Parts parts(all);
+    TextWriter writer(writing);
+    for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
+        writer.Write(part);
+        progress.Reached(parts.Taken());
+    }
+    return writer.Take();
 }
 
-Reports WriteInHalves(const Writing& writing, Places places, std::span<ExpectedText> texts,
-                      Progress& progress) {
-    const size_t middle = MiddleOf(places);
-    TextWriter front(writing, places.first(middle), texts.first(middle));
-    TextWriter back(writing, places.subspan(middle), texts.subspan(middle));
-    const auto half = static_cast<double>(middle);
-    const auto tell = [&](size_t done) { progress.Reached(static_cast<double>(done) / half); };
-    SideBySide([&] { front.WriteBeside(tell); },
-               [&] {
-                   const OdDbSecondThread second;
-                   back.WriteBeside([](size_t) {});
-               });
-    front.WriteLater();
-    back.WriteLater();
-    Reports reports = front.TakeReports();
-    std::ranges::move(back.TakeReports(), std::back_inserter(reports));
-    return reports;
+Written WriteSideBySide(const Writing& writing, const Places& places, Progress& progress) {
+    Parts parts(places.plain);
+    TextWriter writer(writing), other(writing);
+    writer.Expect(places.plain.size() + places.inBlocks.size());
+    SideBySide(
+        [&] {
+            for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
+                writer.WriteBeside(part);
+                progress.Reached(parts.Taken());
+            }
+        },
+        [&] {
+            const OdDbSecondThread second;
+            for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
+                other.WriteBeside(part);
+            }
+        });
+    writer.WriteLater();
+    other.WriteLater();
+    writer.Write(places.inBlocks);
+    writer.Add(other);
+    return writer.Take();
 }
 
 }  // namespace
@@ -217,23 +191,11 @@ Reports WriteInHalves(const Writing& writing, Places places, std::span<ExpectedT
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
     DropUntranslatedLines(table);
-    std::optional<StandIns> standIns;
-    std::vector<Place> places;
-    Written written;
-    // In the order of their handles they stand side by side in the file. Records are made in the
-    // order of the lines, from which they have their handles.
-    SideBySide([&] { standIns.emplace(table.Lines()); },
-               [&] {
-                   places = PlacesOf(table, !onWritten);
-                   written.texts.resize(places.size());
-               });
-    const Writing writing{drawing.store(), onWritten, table.Lines(), *standIns};
-    const auto write = onWritten ? WriteInOrder : WriteInHalves;
-    Reports reports = write(writing, places, written.texts, progress);
-    std::erase_if(written.texts, [](const ExpectedText& text) { return text.handle == 0; });
-    std::ranges::sort(reports, {}, &Reports::value_type::first);
-    for (auto& [number, report] : reports) written.unwritten.push_back(std::move(report));
-    return written;
+    Places places = PlacesOf(table.Lines(), table.objects->size());
+    const StandIns standIns(table.Lines(), places.inBlocks);
+    const Writing writing{drawing.store(), onWritten, table.Lines(), standIns};
+    return onWritten ? WriteInOrder(writing, std::move(places), progress)
+                     : WriteSideBySide(writing, places, progress);
 }
 
 }  // namespace cli

@@ -123,10 +123,13 @@ const TQString& ITabelaExpressoes::RotuloDe(uint32_t estado) const {
 }
 
 void ITabelaExpressoes::ReporEstados() {
-    for (const auto& linha : *expressoes) {
-        if (linha->estado == 0 || linha->estado == NaoTraduzido) Limpar(*linha);
-        linha->rotuloEstado = RotuloDe(linha->estado);
-    }
+    EmMetades(expressoes->size(), fazerAmbos, [&](size_t inicio, size_t fim) {
+        for (size_t i = inicio; i < fim; ++i) {
+            structExpressao& linha = *(*expressoes)[i];
+            if (linha.estado == 0 || linha.estado == NaoTraduzido) Limpar(linha);
+            linha.rotuloEstado = RotuloDe(linha.estado);
+        }
+    });
 }
 
 void ITabelaExpressoes::AtualizarExpressoes(const std::optional<TQString>& idiomaOrigem,
