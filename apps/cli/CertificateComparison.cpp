@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "apps/cli/Failure.h"
+#include "platform/drawing/TextChunks.h"
 #include "platform/text/Conversion.h"
 
 namespace cli {
@@ -66,7 +67,6 @@ Comparison::Comparison(const dxf::Store& store, std::string_view after,
     : store(store),
       before(store.Original().substr(0, stretch.beforeEnd)),
       after(after.substr(0, stretch.afterEnd)),
-      format(GroupFormatOf(before, store.FileFormat())),
       texts(expectation.texts),
       present(texts.begin(), texts.begin()),
       found(texts.size(), false),
@@ -121,16 +121,16 @@ bool Comparison::StepBack() {
     --index;
     a -= b - Start(index);
     b = Start(index);
-    return ReadRecord(before, b, format, oldRecord) && ReadRecord(after, a, format, newRecord) &&
+    return ReadRecord(store, before, b, oldRecord) && ReadRecord(store, after, a, newRecord) &&
            newRecord.end > difference;
 }
 
 // Compares what begins at the two positions and moves behind it; false when the rest cannot be
 // brought together any more.
 bool Comparison::Differ() {
-    if (!ReadRecord(before, b, format, oldRecord)) return Other("an unreadable group"), false;
+    if (!ReadRecord(store, before, b, oldRecord)) return Other("an unreadable group"), false;
     if (a == after.size()) return OtherIn(oldRecord, "is missing, and all behind it"), false;
-    if (!ReadRecord(after, a, format, newRecord) && !StepBack()) {
+    if (!ReadRecord(store, after, a, newRecord) && !StepBack()) {
         return Other("an unreadable group"), false;
     }
     if (oldRecord.type == newRecord.type && oldRecord.handle == newRecord.handle) {
@@ -197,12 +197,13 @@ void Comparison::CompareTexts(uint64_t handle) {
 }
 
 bool Comparison::IsExpected(uint64_t handle, const Item& old, const Item& now) {
-    if (old.code != now.code || old.xdata != now.xdata) return false;
+    if (old.code != now.code || old.part != now.part) return false;
     for (const ExpectedText& text : TextsOf(handle)) {
         const auto position = static_cast<size_t>(&text - texts.data());
-        // Each string of xdata takes an expected text of its own; an attribute with a text of
-        // several lines inside holds its one text twice.
-        if ((found[position] && text.xdata) || !Matches(text, old, now)) continue;
+        // Each string takes an expected text of its own. An attribute with a text of several lines
+        // inside holds its one text there once more.
+        const bool again = old.part == Item::Part::Embedded;
+        if (found[position] != again || !Matches(text, old, now)) continue;
         found[position] = true;
         return true;
     }
@@ -210,20 +211,15 @@ bool Comparison::IsExpected(uint64_t handle, const Item& old, const Item& now) {
 }
 
 // The text as the codec reads it back, or as it writes it: a text that looks like an escape is read
-// as what the escape stands for. In an mtext a line feed is written as \P.
+// as what the escape stands for.
+bool Comparison::Says(const Item& item, std::u16string_view text) const {
+    return store.Codec().Reads(item.value, text) || store.Codec().Encode(text) == item.value;
+}
+
 bool Comparison::HoldsText(const Item& item, std::u16string_view text) const {
-    if (store.Codec().Reads(item.value, text)) return true;
-    if (store.Codec().Encode(text) == item.value) return true;
-    if (newRecord.type != "MTEXT") return false;
-    std::u16string paragraphs;
-    for (const char16_t unit : text) {
-        if (unit == u'\n') {
-            paragraphs += u"\\P";
-        } else {
-            paragraphs += unit;
-        }
-    }
-    return store.Codec().Reads(item.value, paragraphs);
+    const bool lines = newRecord.type == "MTEXT" || item.part == Item::Part::Embedded;
+    if (!lines || text.find(u'\n') == text.npos) return Says(item, text);
+    return Says(item, WithParagraphs(text));
 }
 
 bool Comparison::HeldText(const Item& item, std::u16string_view text) const {
@@ -231,10 +227,13 @@ bool Comparison::HeldText(const Item& item, std::u16string_view text) const {
            Trimmed(store.Codec().Decode(item.value)) == text;
 }
 
+// What is embedded may have said the text with formatting codes, which the new one has not.
 bool Comparison::Matches(const ExpectedText& text, const Item& old, const Item& now) const {
-    if (text.xdata != old.xdata) return false;
-    if (!text.xdata)
-        return old.code == 1 && HeldText(old, text.before) && HoldsText(now, text.after);
+    if (text.xdata != (old.part == Item::Part::XData)) return false;
+    if (!text.xdata) {
+        const bool held = old.part == Item::Part::Embedded || HeldText(old, text.before);
+        return old.code == 1 && held && HoldsText(now, text.after);
+    }
     const std::u16string was = store.Codec().Decode(old.value);
     const std::u16string is = store.Codec().Decode(now.value);
     const auto wasFields = Fields(was), isFields = Fields(is);

@@ -44,6 +44,7 @@ class Comparison {
     bool Matches(const ExpectedText& text, const Item& old, const Item& now) const;
     bool HeldText(const Item& item, std::u16string_view text) const;  // between blanks
     bool HoldsText(const Item& item, std::u16string_view text) const;
+    bool Says(const Item& item, std::u16string_view text) const;
     bool IsNew(uint64_t handle) const;
     uint64_t Start(dxf::RecordIndex index) const { return store.At(index).offset; }
     void Other(const std::string& where);
@@ -51,7 +52,6 @@ class Comparison {
 
     const dxf::Store& store;
     const std::string_view before, after;  // up to the end of the stretch
-    const GroupFormat format;
     const std::vector<ExpectedText>& texts;
     std::span<const ExpectedText> present;  // of the object that was asked for last
     std::vector<bool> found;

@@ -5,7 +5,6 @@ namespace cli {
 
 namespace {
 
-constexpr size_t kSentinelLength = 22;  // "AutoCAD Binary DXF", CR, LF, Ctrl-Z, 0
 constexpr size_t kLongestRecord = size_t{1} << 31;
 
 bool IsTextChunk(int code) { return code == 1 || code == 3; }
@@ -27,27 +26,21 @@ void Clear(RawRecord& record) {
 }
 
 // In an mtext, and in what is embedded in an attribute, adjacent 3 and 1 groups are one text.
-void AddItem(RawRecord& record, const dxf::Group& group, bool chunked, bool xdata) {
+void AddItem(RawRecord& record, const dxf::Group& group, bool chunked, Item::Part part) {
     if (chunked && IsTextChunk(group.code) && !record.items.empty() &&
         record.items.back().code == 1) {
         Join(record, group.value);
         return;
     }
     const int code = chunked && group.code == 3 ? 1 : group.code;
-    record.items.push_back({code, group.value, xdata});
+    record.items.push_back({code, group.value, part});
 }
 
 }  // namespace
 
-GroupFormat GroupFormatOf(std::string_view file, dxf::Format format) {
-    // A binary file begins with the group 0 "SECTION": the second zero byte is of a wide code.
-    const bool wide = file.size() > kSentinelLength + 1 && file[kSentinelLength + 1] == '\0';
-    return {format, wide};
-}
-
-bool ReadRecord(std::string_view file, size_t position, GroupFormat format, RawRecord& record) {
-    dxf::GroupReader reader(format.format, format.wideCodes, file.substr(position, kLongestRecord),
-                            0);
+bool ReadRecord(const dxf::Store& store, std::string_view file, size_t position,
+                RawRecord& record) {
+    dxf::GroupReader reader = store.GroupsIn(file.substr(position, kLongestRecord));
     dxf::Group group;
     if (!reader.Next(group) || group.code != 0) return false;
     Clear(record);
@@ -58,17 +51,20 @@ bool ReadRecord(std::string_view file, size_t position, GroupFormat format, RawR
 
     const int handleCode = record.type == "DIMSTYLE" ? 105 : 5;
     const bool header = record.type == "SECTION";
-    bool chunked = record.type == "MTEXT", xdata = false, inBraces = false;
+    const bool mtext = record.type == "MTEXT";
+    Item::Part part = Item::Part::Own;
+    bool inBraces = false;
     while (reader.Next(group) && group.code != 0) {
         record.end = position + group.end;
-        if (group.code == 101) chunked = true;
-        if (group.code == 1001) xdata = true;
+        if (group.code == 101) part = Item::Part::Embedded;
+        if (group.code == 1001) part = Item::Part::XData;
         if (group.code == 102) inBraces = group.value.starts_with('{');
         if (group.code == handleCode && !header && record.handle == 0) {
             record.handle = group.AsHandle();
         }
         if (group.code == 330 && !inBraces && record.owner == 0) record.owner = group.AsHandle();
-        AddItem(record, group, chunked && !xdata, xdata);
+        const bool chunked = part == Item::Part::Embedded || (mtext && part == Item::Part::Own);
+        AddItem(record, group, chunked, part);
     }
     return true;
 }

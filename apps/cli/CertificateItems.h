@@ -7,21 +7,16 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/drawing/dxf/Group.h"
+#include "platform/drawing/dxf/Store.h"
 
 namespace cli {
 
-// How the bytes of a file are to be read.
-struct GroupFormat {
-    dxf::Format format = dxf::Format::Ascii;
-    bool wideCodes = true;
-};
-GroupFormat GroupFormatOf(std::string_view file, dxf::Format format);
-
 struct Item {
+    enum class Part : uint8_t { Own, Embedded, XData };
+
     int code = -1;
     std::string_view value;  // raw; the chunks of an mtext joined
-    bool xdata = false;
+    Part part = Part::Own;   // of its record
     bool operator==(const Item&) const = default;
 };
 
@@ -36,8 +31,9 @@ struct RawRecord {
     std::list<std::string> joined;  // the bytes of values that no single group holds
 };
 
-// Reads the record whose 0-group stands at position. False when no 0-group stands there. Fills the
-// record anew; its views point into the file and into itself.
-bool ReadRecord(std::string_view file, size_t position, GroupFormat format, RawRecord& record);
+// Reads the record whose 0-group stands at position of a file in the format of the store's. False
+// when no 0-group stands there. Fills the record anew; its views point into the file and into
+// itself.
+bool ReadRecord(const dxf::Store& store, std::string_view file, size_t position, RawRecord& record);
 
 }  // namespace cli

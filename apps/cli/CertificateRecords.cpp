@@ -3,11 +3,13 @@
 
 #include <algorithm>
 
+#include "platform/drawing/DrawingStructure.h"
+
 namespace cli {
 
 namespace {
 
-bool IsEntryName(const Item& item) { return item.code == 3 && !item.xdata; }
+bool IsEntryName(const Item& item) { return item.code == 3 && item.part == Item::Part::Own; }
 bool IsEntryHandle(const Item& item) { return item.code == 350 || item.code == 360; }
 
 uint64_t HandleValue(const Item& item) {
@@ -36,30 +38,17 @@ std::vector<Item> WithoutCount(std::vector<Item> items) {
     return items;
 }
 
-dxf::RecordIndex FindRoot(const dxf::Store& store) {
-    for (dxf::RecordIndex i = 0; i < store.FileCount(); ++i) {
-        const dxf::Record& record = store.At(i);
-        if (record.section == dxf::Section::Objects && record.type == dxf::RecordType::Dictionary) {
-            return i;
-        }
-    }
-    return dxf::kNoRecord;
-}
-
 }  // namespace
 
 WrittenRecords::WrittenRecords(const dxf::Store& before, std::vector<std::u16string> keys,
                                bool wires)
     : store(before), keys(std::move(keys)), wires(wires) {
     if (this->keys.empty()) return;
-    const dxf::RecordIndex index = FindRoot(store);
+    const dxf::RecordIndex index = DrawingStructure(store).rootDictionary;
     if (index == dxf::kNoRecord) return;
     root = store.At(index).handle;
     RawRecord record;
-    const std::string_view file = store.Original();
-    if (ReadRecord(file, store.At(index).offset, GroupFormatOf(file, store.FileFormat()), record)) {
-        ReadEntries(record);
-    }
+    if (ReadRecord(store, store.Original(), store.At(index).offset, record)) ReadEntries(record);
 }
 
 bool WrittenRecords::IsKey(std::string_view rawName) const {

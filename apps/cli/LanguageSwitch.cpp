@@ -23,7 +23,7 @@ using traducaoTQ::ETraduzivel;
 std::vector<std::u16string> Values(const dxf::Store& store, std::string_view bytes) {
     RawRecord record;
     std::vector<std::u16string> values;
-    ReadRecord(bytes, 0, GroupFormatOf(store.Original(), store.FileFormat()), record);
+    ReadRecord(store, bytes, 0, record);
     for (const Item& item : record.items) values.push_back(store.Codec().Decode(item.value));
     return values;
 }

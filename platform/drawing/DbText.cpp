@@ -58,20 +58,6 @@ groups::Edit textEdit(const Store& store, RecordIndex index, const OdString& tex
     return {place, place, store.NewWriter(index).String(kText, encoded).Take()};
 }
 
-// A raw line feed has no place in a text of several lines; its code for a new line has.
-std::u16string withParagraphs(const std::u16string& text) {
-    std::u16string result;
-    for (size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
-        if (text[i] == u'\n') {
-            result += u"\\P";
-        } else {
-            result += text[i];
-        }
-    }
-    return result;
-}
-
 ChunkRun contentsOf(const Store& store, RecordIndex index) {
     const uint32_t hint = store.At(index).text;
     if (hint == 0) return {};
@@ -103,7 +89,7 @@ void setBothTexts(Store& store, RecordIndex index, const OdString& text) {
     if (textGroup(store, index) && textOf(store, index) == text) return;
     std::vector<groups::Edit> edits{textEdit(store, index, text)};
     const ChunkRun inside = embeddedContentsOf(store, index);
-    for (auto& edit : ChunkEdits(store, index, inside, withParagraphs(text.text()))) {
+    for (auto& edit : ChunkEdits(store, index, inside, WithParagraphs(text.text()))) {
         edits.push_back(std::move(edit));
     }
     groups::Apply(store, index, edits);
@@ -153,7 +139,7 @@ void OdDbMText::setContents(const OdString& contents) {
     Store& store = editable().store;
     const ChunkRun present = contentsOf(store, record());
     if (!present.places.empty() && present.text == contents.text()) return;
-    const std::u16string text = withParagraphs(contents.text());
+    const std::u16string text = WithParagraphs(contents.text());
     std::vector<groups::Edit> edits = ChunkEdits(store, record(), present, text);
     if (edits.empty()) {
         dxf::GroupWriter writer = store.NewWriter(record());

@@ -129,19 +129,32 @@ std::string OdResBuf::getBinaryChunk() const {
     return bytes ? *bytes : std::string();
 }
 
+std::string_view OdResBuf::commentsFor(const void* store) const {
+    if (!former || former->store != store) return {};
+    return std::string_view(former->bytes).substr(valueEnd, end - valueEnd);
+}
+
+void OdResBuf::leaveSource() {
+    if (source) former = std::move(source);
+}
+
 void OdResBuf::setRestype(int restype) {
     if (restype == type) return;
-    if (source && group.IsString()) setString(getString());
-    source.release();
+    if (source && group.IsString()) setValue(getString().text());
+    leaveSource();
     type = restype;
 }
 
 void OdResBuf::setValue(Value newValue) {
-    source.release();
+    leaveSource();
     value = std::move(newValue);
 }
 
-void OdResBuf::setString(const OdString& text) { setValue(text.text()); }
+void OdResBuf::setString(const OdString& text) {
+    const bool same = source && group.IsString() && source->codec.Reads(group.value, text.text());
+    if (!same) setValue(text.text());
+}
+
 void OdResBuf::setDouble(double number) { setValue(number); }
 void OdResBuf::setInt64(int64_t number) { setValue(number); }
 void OdResBuf::setHandle(const OdDbHandle& handle) { setValue(handle); }

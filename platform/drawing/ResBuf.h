@@ -16,7 +16,9 @@ class OdResBuf;
 using OdResBufPtr = OdSmartPtr<OdResBuf>;
 
 // An entry read from a drawing keeps the bytes it was read from, and gives them back unchanged when
-// the chain is written, unless a set... function was called on it. A chain owns its later entries.
+// the chain is written, unless a set... function was called on it; setString with the text that
+// stands there already changes nothing. Comments behind an entry go back with it in any case. A
+// chain owns its later entries.
 // A point is one entry, under the code of its x. Reading an entry as what it is not gives an empty
 // text, 0, or no bytes.
 class OdResBuf : public OdRxObject {
@@ -96,13 +98,17 @@ class OdResBuf : public OdRxObject {
 
     explicit OdResBuf(int restype) : type(restype) {}
     std::string_view sourceBytes() const;  // the groups as they were read; empty for a made entry
+    std::string_view commentsFor(const void* store) const;  // behind the value, from that store
+    void leaveSource();
     void setValue(Value newValue);
 
     long references = 0;
     int type;
     OdResBufPtr following;
     OdSmartPtr<Source> source;  // null for an entry that was made or changed
+    OdSmartPtr<Source> former;  // the source of one that was changed
     dxf::Group group;           // its first group in the source
-    uint32_t end = 0;           // where its last group ends in the source
+    uint32_t valueEnd = 0;      // where its value ends in the source
+    uint32_t end = 0;           // where the comments behind it end
     Value value;
 };

@@ -75,7 +75,8 @@ OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, 
             auto& point = std::get<OdGePoint3d>(last->value);
             (group.code == last->type + 10 ? point.y : point.z) = group.AsDouble();
         }
-        if (last) last->end = static_cast<uint32_t>(coordinate ? group.end : group.begin) - from;
+        if (last) last->end = static_cast<uint32_t>(group.begin) - from;
+        if (coordinate) last->valueEnd = static_cast<uint32_t>(group.end) - from;
         if (coordinate || group.code == 999) continue;
 
         if (++count > kMostEntries) refuseLength(store, index);
@@ -84,6 +85,7 @@ OdResBufPtr ResBufReader::Read(const dxf::Store& store, dxf::RecordIndex index, 
         entry->group.value = std::string_view(source->bytes)
                                  .substr(group.value.data() - bytes.data(), group.value.size());
         entry->group.begin -= from;
+        entry->valueEnd = static_cast<uint32_t>(group.end) - from;
         entry->source = source;
         if (isPoint(group.code)) entry->value = OdGePoint3d{group.AsDouble(), 0, 0};
         if (last) {
@@ -111,6 +113,7 @@ void ResBufWriter::Write(const OdResBuf& entry) {
         writer.Raw(entry.sourceBytes());
     } else {
         WriteValue(entry);
+        writer.Raw(entry.commentsFor(&store));
     }
 }
 

@@ -72,6 +72,19 @@ std::vector<std::string> ChunksOf(const dxf::TextCodec& codec, std::u16string_vi
     return chunks;
 }
 
+std::u16string WithParagraphs(std::u16string_view text) {
+    std::u16string result;
+    for (size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') continue;
+        if (text[i] == u'\n') {
+            result += u"\\P";
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
 void WriteChunks(dxf::GroupWriter& writer, const std::vector<std::string>& chunks) {
     for (size_t i = 0; i + 1 < chunks.size(); ++i) writer.String(3, chunks[i]);
     writer.String(1, chunks.back());

@@ -10,6 +10,10 @@
 // The text encoded, in pieces that split no character and no escape; one empty piece for no text.
 std::vector<std::string> ChunksOf(const dxf::TextCodec& codec, std::u16string_view text);
 
+// As it stands in a text of several lines: a raw line feed has no place there; the code for a new
+// line has.
+std::u16string WithParagraphs(std::u16string_view text);
+
 // The pieces as groups 3 ... 3, 1.
 void WriteChunks(dxf::GroupWriter& writer, const std::vector<std::string>& chunks);
 

@@ -52,6 +52,7 @@ bool sameName(const dxf::Store& store, std::string_view raw, std::u16string_view
 struct Part {
     OdString name;
     std::string bytes;  // empty: nothing stands behind the name, so the data go
+    bool placed = false;
 };
 
 std::vector<Part> partsOf(const dxf::Store& store, RecordIndex index, const OdResBuf* chain) {
@@ -142,8 +143,11 @@ void WriteXData(OdDbDatabaseImpl& database, RecordIndex index, const OdResBuf* c
     walkSpans(store, index, [&](const Span& span) {
         behind = span.end;
         for (Part& part : parts) {
-            if (!sameName(store, span.rawName, part.name.text())) continue;
-            edits.push_back({span.begin, span.end, std::exchange(part.bytes, {})});
+            // Data of the same application further on are not those that were read.
+            const bool done = part.placed && !part.bytes.empty();
+            if (done || !sameName(store, span.rawName, part.name.text())) continue;
+            part.placed = true;
+            edits.push_back({span.begin, span.end, part.bytes});
             if (parts.size() == 1) oneValue = changedValue(store, index, span, edits[0].bytes);
             break;
         }
@@ -153,7 +157,7 @@ void WriteXData(OdDbDatabaseImpl& database, RecordIndex index, const OdResBuf* c
         return store.ReplaceValue(index, oneValue->group, oneValue->value);
     }
     for (const Part& part : parts) {
-        if (part.bytes.empty()) continue;
+        if (part.placed || part.bytes.empty()) continue;
         database.newRegApp(part.name);
         edits.push_back({behind, behind, part.bytes});
     }

@@ -20,7 +20,7 @@ std::string Name(const testing::TestParamInfo<Case>& info) { return info.param.n
 // What a translation of "Motor" at 30, "Painel" at 34, and the wire "Cabo" at 35 expects.
 cli::Expectation Expected(bool records) {
     cli::Expectation expectation;
-    expectation.texts = {{0x34, false, u"Painel", u"Schalttafel"},
+    expectation.texts = {{0x34, false, u"Painel", u"Schalt\r\ntafel"},
                          {0x30, false, u"Motor", u"Antrieb"},
                          {0x35, true, u"Cabo", u"Kabel"}};
     if (records) expectation.recordKeys = {u"VRN_TQ_OBJS_TRADS"};
@@ -30,7 +30,7 @@ cli::Expectation Expected(bool records) {
 std::string Translated() {
     std::string file = SampleDrawing();
     file = Replaced(file, Groups("1 Motor\n0 TEXT\n5 31"), Groups("1 Antrieb\n0 TEXT\n5 31"));
-    file = Replaced(file, Groups("1 Painel"), Groups("3 Schalt\n1 tafel"));
+    file = Replaced(file, Groups("1 Painel"), Groups("3 Schalt\n1 \\Ptafel"));
     return Replaced(file, "W1^LCabo", "W1^LKabel");
 }
 
@@ -90,6 +90,24 @@ TEST(Certificate, AnUnchangedFileLacksTheExpectedTexts) {
     const Certificate certificate = Certify(SampleDrawing(), SampleDrawing(), false);
     EXPECT_EQ(certificate.strings, 0u);
     EXPECT_EQ(certificate.others, 3u);
+}
+
+TEST(Certificate, ATextInsideAnAttributeFollowsTheAttributes) {
+    const auto drawing = [](const std::string& own, const std::string& inside) {
+        return Replaced(SampleDrawing(), Groups("1 Motor\n2 TAG\n70 0"),
+                        Groups("1 " + own + "\n2 TAG\n101 Embedded Object\n1 " + inside));
+    };
+    const auto before = dxf::Store::Parse(drawing("Motor", "{\\fArial;Motor}"));
+    const struct {
+        const char *own, *inside;
+        size_t others;
+    } cases[] = {
+        {"An^Jtrieb", "An\\Ptrieb", 0}, {"An^Jtrieb", "Antrieb", 1}, {"Motor", "An\\Ptrieb", 2}};
+    for (const auto& c : cases) {
+        const Certificate certificate = cli::Certify(
+            *before, drawing(c.own, c.inside), {.texts = {{0x33, false, u"Motor", u"An\ntrieb"}}});
+        EXPECT_EQ(certificate.others, c.others) << c.own << c.inside;
+    }
 }
 
 // Long enough that its halves are compared side by side. Every third text is translated.

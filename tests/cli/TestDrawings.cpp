@@ -1,6 +1,8 @@
 // Real drawings: copies are the same byte for byte, and the texts are those that an independent
 // reader finds.
+#include <QDir>
 #include <QFileInfo>
+#include <set>
 #include <sstream>
 
 #include "tests/cli/CliRun.h"
@@ -72,6 +74,44 @@ TEST_F(RealDrawings, AreCopiedByteForByte) {
         }
     }
     EXPECT_LE(refused, 3);
+}
+
+// A text as "texts" writes it, quoted for a table, with more behind it.
+std::string Quoted(const std::string& written, const char* more) {
+    std::string text = "\"";
+    for (size_t i = 0; i < written.size(); ++i) {
+        if (written[i] == '"') text += '"';
+        const char escaped = written[i] == '\\' ? written[++i] : '\0';
+        text += escaped == 'n' ? '\n' : escaped == 'r' ? '\r' : escaped == 't' ? '\t' : written[i];
+    }
+    return text + more + "\"";
+}
+
+// Whatever their format, version and line ends are; the fixtures have one of each.
+TEST_F(RealDrawings, AreTranslatedWithACertificate) {
+    QStringList drawings = Drawings();
+    const QDir fixtures(KV_SOURCE_DIR "/tests/fixtures");
+    const QStringList names = fixtures.entryList({"*.dxf"});
+    for (const QString& name : names) drawings << fixtures.filePath(name);
+    std::set<std::string> terms;
+    for (const QString& drawing : drawings) {
+        for (const std::string& line : LinesOf(Run({"texts", drawing}).out)) {
+            const std::string text = line.substr(line.find('\t', line.find('\t') + 1) + 1);
+            terms.insert(Quoted(text, "") + ",," + Quoted(text, "\nx") + "\n");
+        }
+    }
+    std::string table = "Português,English,Deutsch\n";
+    for (const std::string& term : terms) table += term;
+    MakeDictionary(table);
+    int certified = 0;
+    for (const QString& drawing : drawings) {
+        const CliResult result = Run({"--database", "sqlite:d.sqlite", "translate", drawing, "--to",
+                                      "Deutsch", "-o", "out.dxf"});
+        EXPECT_EQ(result.err.find("certificate"), std::string::npos) << result.err;
+        certified += result.out.find("certificate   0 ") == std::string::npos &&
+                     result.out.find(" 0 other values changed") != std::string::npos;
+    }
+    EXPECT_GE(certified, names.size());
 }
 
 class TextsOfRealDrawings : public RealDrawings, public testing::WithParamInterface<QStringList> {};

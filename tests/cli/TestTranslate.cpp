@@ -110,6 +110,9 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return info.param.name; });
 
 TEST_F(Translate, RecordsStayBelowTheirKeyAndSurviveASecondLanguage) {
+    // The root dictionary is the one without an owner, wherever it stands.
+    Write("in.dxf", Replaced(SampleDrawing(), Groups("2 OBJECTS"),
+                             Groups("2 OBJECTS\n0 DICTIONARY\n5 4F\n330 50\n281 1")));
     const CliResult german = Translation({"--record", "-o", "de.dxf"});
     ASSERT_EQ(german.status, 0) << german.err;
     EXPECT_NE(german.out.find("9 strings changed, 0 other values changed, "), std::string::npos);

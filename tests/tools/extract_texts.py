@@ -261,7 +261,7 @@ def of_object(drawing, entity, options):
 def of_wire(entity):
     for _, value in entity.chain(WIRE)[3:]:
         fields = tokens(value.strip(BLANKS)) if isinstance(value, str) else []
-        if len(fields) > 1 and fields[1] != " ":
+        if len(fields) > 1 and fields[1].strip(BLANKS):
             yield "wire", entity.key(), fields[1]
 
 
@@ -279,7 +279,8 @@ def entries(dictionary):
 
 def of_virtual_scheme(drawing):
     by_handle = {number(entry.handle): entry for entry in drawing.objects if entry.unique}
-    root = next((entry for entry in drawing.objects if entry.type == "DICTIONARY"), None)
+    dictionaries = [entry for entry in drawing.objects if entry.type == "DICTIONARY"]
+    root = min(dictionaries, key=lambda entry: bool(entry.owner()), default=None)
     scheme = by_handle.get(dict(entries(root)).get(SCHEME)) if root else None
     for _, handle in entries(scheme) if scheme else ():
         entry = by_handle.get(handle)

@@ -31,10 +31,13 @@ std::string Projeto() {
         Linha("A8", "P") + Grupos("1001 VRN_TQ_WIRE|1070 7|1070 8|1000 F1^LMotor") +
         Fio("A9", "P", {});
     desenho.entradasDaRaiz = "3 ESQ_VIRTUAL_TQ|350 D1";
-    desenho.objetos = Grupos("0 DICTIONARY|5 D1|330 C|100 AcDbDictionary|281 1|3 UM|350 D2") +
-                      Virtual("D2", {"A^LMotor^LX", "B^L^LY", "C^LMotor", "A^LGiro^LZ^Lresto",
-                                     "D^LGiro^LZ^Lresto"}) +
-                      Grupos("1070 5");
+    desenho.objetos =
+        Grupos("0 DICTIONARY|5 D1|330 C|100 AcDbDictionary|281 1|3 UM|350 D2") +
+        Virtual("D2",
+                {"A^LMotor^LX", "B^L^LY", "C^LMotor", "A^LGiro^LZ^Lresto", "D^LGiro^LZ^Lresto"}) +
+        Grupos("1070 5") + Virtual("D3", {"E^LMotor^LX"}) + Grupos("999 nota|1070 5") +
+        Virtual("D4", {"F^LMotor^LX"}) + Grupos("1001 VRN_TQ_ATT_VIRTUAL|1000 G^LMotor^LX") +
+        Virtual("D5", {"H^LP\\U+00F3rtico^LX"});
     return desenho.Dxf();
 }
 
@@ -125,6 +128,18 @@ const Caso kCasos[] = {
      Um<EAtributoVirtualTrad>(u"Giro", u"D2", u"D", u"Z"),
      u"Spin",
      {{"D^LGiro^LZ^Lresto", "D^LSpin^LZ"}}},
+    {"virtual attribute with a comment behind it",
+     Um<EAtributoVirtualTrad>(u"Motor", u"D3", u"E", u"X"),
+     u"Drive",
+     {{"E^LMotor^LX", "E^LDrive^LX"}}},
+    {"virtual attribute ahead of other data of the application",
+     Um<EAtributoVirtualTrad>(u"Motor", u"D4", u"F", u"X"),
+     u"Drive",
+     {{"F^LMotor^LX", "F^LDrive^LX"}}},
+    {"virtual attribute that has the text already, in another spelling",
+     Um<EAtributoVirtualTrad>(u"x", u"D5", u"H", u"X"),
+     u"P\u00F3rtico",
+     {}},
     {"virtual attribute, unknown name",
      Um<EAtributoVirtualTrad>(u"Motor", u"D2", u"a", u"X"),
      u"Drive",
@@ -162,7 +177,8 @@ TEST(SetTexto, ErasedObjectsAndAMissingDrawingArePassedOver) {
         Cena& cena = *dono;
         std::string bytes;
         if (comDesenho) {
-            for (const char16_t* handle : {u"A1", u"A2", u"A3", u"A7", u"D2"}) {
+            for (const char16_t* handle :
+                 {u"A1", u"A2", u"A3", u"A7", u"D2", u"D3", u"D4", u"D5"}) {
                 cena.Objeto(handle, OdDb::kForWrite)->erase();
             }
             bytes = cena.Bytes();

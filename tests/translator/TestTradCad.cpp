@@ -60,7 +60,8 @@ Desenho ProjetoMisto() {
         Texto("A1", "Q", "  Texto Q ") + Linha("A2", "P") + Fio("A3", "P", {"F1^LFio P"}) +
         MTexto("A4", "P", " {\\fArial;Nota}\\P ") + Texto("A5", "P", "   ") +
         Insercao("A6", "P", "SIMB", {Atributo("A7", "T", "Bomba")}) + Texto("A8", "0", "zero") +
-        Fio("A9", "Q", {" F2^LFio Q ", "semseparador", "F3^LX^Lresto", "^LF4^L^LY", "F5^L "}) +
+        Fio("A9", "Q",
+            {" F2^LFio Q ", "semseparador", "F3^LX^Lresto", "^LF4^L^LY", "F5^L ", "F6^L  ^Lx"}) +
         DefAtributo("AA", "T", "Nome?", "Solta") + Texto("AB", "P", "erased") +
         Grupos("0 CIRCLE|5 AC|330 1F|100 AcDbEntity|8 P|100 AcDbCircle|10 0|20 0|40 1") +
         Grupos("1001 VRN_TQ_WIRE|1070 1|1070 2|1000 F9^Lno wire") +

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "platform/kernel/MxSystemServices.h"
+#include "platform/text/Conversion.h"
 #include "translator/cad/CICad.h"
 #include "translator/cad/DrawingHelpers.h"
 #include "translator/engine/Coletores.h"
@@ -54,9 +55,10 @@ TQStringList SoPaginas(const TQStringList& nomes, bool incluirCamada0) {
     return paginas;
 }
 
+// A wire's text is not trimmed, only its string as a whole.
 bool TemTexto(const ETraduzivel* traduzivel) {
     const TQString* texto = traduzivel->GetTexto();
-    return texto && !NadaDiz(*texto);
+    return texto && !text::TrimLeft(*texto).empty();
 }
 
 void DescartarSemTexto(ListaTraduziveis& lista) {

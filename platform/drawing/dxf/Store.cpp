@@ -133,4 +133,6 @@ GroupReader Store::OriginalGroups() const {
     return impl->Groups(Original().substr(0, impl->index.bodyEnd), At(0).offset);
 }
 
+GroupReader Store::GroupsIn(std::string_view bytes) const { return impl->Groups(bytes); }
+
 }  // namespace dxf

@@ -122,6 +122,8 @@ class Store {
     std::string_view Original() const;
     // All groups of the file as it was read, up to and with EOF.
     GroupReader OriginalGroups() const;
+    // Groups that stand elsewhere in the format of this file, as in one that was saved from it.
+    GroupReader GroupsIn(std::string_view bytes) const;
 
   private:
     Store();
