@@ -11,12 +11,13 @@
 
 namespace cli {
 
-// A text that the new file is to hold in place of another one.
+// A text that the new file is to hold in place of another one. There are hundreds of thousands.
 struct ExpectedText {
-    uint64_t handle = 0;         // of the object that bears it, also one given in memory only
-    bool xdata = false;          // a field of an xdata string, else the text of the object itself
-    std::u16string_view before;  // without outer blanks
-    std::u16string_view after;
+    uint64_t handle = 0;  // of the object that bears it, also one given in memory only
+    // Somebody else's.
+    const std::u16string* before = nullptr;  // without outer blanks
+    const std::u16string* after = nullptr;
+    bool xdata = false;  // a field of an xdata string, else the text of the object itself
 };
 
 struct Expectation {

@@ -231,14 +231,14 @@ bool Comparison::HeldText(const Item& item, std::u16string_view text) const {
 bool Comparison::Matches(const ExpectedText& text, const Item& old, const Item& now) const {
     if (text.xdata != (old.part == Item::Part::XData)) return false;
     if (!text.xdata) {
-        const bool held = old.part == Item::Part::Embedded || HeldText(old, text.before);
-        return old.code == 1 && held && HoldsText(now, text.after);
+        const bool held = old.part == Item::Part::Embedded || HeldText(old, *text.before);
+        return old.code == 1 && held && HoldsText(now, *text.after);
     }
     const std::u16string was = store.Codec().Decode(old.value);
     const std::u16string is = store.Codec().Decode(now.value);
     const auto wasFields = Fields(was), isFields = Fields(is);
     return wasFields.size() > 1 && isFields.size() > 1 && wasFields[0] == isFields[0] &&
-           Trimmed(wasFields[1]) == text.before && isFields[1] == text.after &&
+           Trimmed(wasFields[1]) == *text.before && isFields[1] == *text.after &&
            (isFields.size() < 3 || (wasFields.size() > 2 && wasFields[2] == isFields[2]));
 }
 
@@ -248,7 +248,7 @@ Certificate Comparison::Conclude() {
     for (size_t i = 0; i < texts.size(); ++i) {
         if (found[i]) {
             ++result.strings;
-        } else if (texts[i].before != texts[i].after) {
+        } else if (*texts[i].before != *texts[i].after) {
             Other("object " + HexHandle(texts[i].handle) + " does not hold its new text");
         }
     }

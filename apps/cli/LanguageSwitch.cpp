@@ -135,7 +135,7 @@ void LanguageSwitch::Switch(ETraduzivel& object) {
         if (error.code() != eStringTooLong) throw;
         return remark("keeps its text: " + error.description().narrowText());
     }
-    texts.push_back({HandleOf(object), IsXdata(object), before, *record->to});
+    texts.push_back({HandleOf(object), &before, &*record->to, IsXdata(object)});
 }
 
 void LanguageSwitch::Apply(ETraduzivel& place, RecordedTexts::Texts& record, bool asRecorded) {

@@ -38,7 +38,7 @@ class LanguageSwitch {
     size_t Objects() const { return objects; }
     size_t Switched() const { return texts.size(); }
     const std::vector<NotReversible>& Remarks() const { return remarks; }
-    // What the new file is to hold; views of this object and of the list.
+    // What the new file is to hold; the texts are this object's and the list's.
     const std::vector<ExpectedText>& Expected() const { return texts; }
 
   private:

@@ -13,38 +13,36 @@ namespace {
 
 constexpr size_t kPart = 1024;
 
-Places PlacesOf(const Lines& lines, uint32_t first, uint32_t last, size_t most) {
-    Places places;
-    places.plain.reserve(most);
-    std::unordered_set<uint64_t> met;
+void AddPlaces(const Lines& lines, uint32_t first, uint32_t last, std::vector<Place>& places) {
+    std::unordered_set<uint64_t> inBlocks;
     for (uint32_t line = first; line < last; ++line) {
         const auto& objects = lines[line]->objetos;
         for (uint32_t number = 0; number < objects.size(); ++number) {
-            const Place place{HandleOf(*objects[number]), objects[number], line, number};
-            if (!IsBlockText(*place.object)) {
-                places.plain.push_back(place);
-            } else if (met.insert(place.handle).second) {
-                places.inBlocks.push_back(place);
-            }
+            const traducaoTQ::ETraduzivel& object = *objects[number];
+            const uint64_t handle = HandleOf(object);
+            if (IsBlockText(object) && !inBlocks.insert(handle).second) continue;
+            places.push_back({handle, objects[number], line, number, false});
         }
     }
-    std::ranges::sort(places.plain, {}, &Place::handle);
-    return places;
+    std::ranges::sort(places, {}, &Place::handle);
 }
 
 }  // namespace
 
-Places PlacesOf(const Lines& lines, size_t objects) {
+std::vector<Place> PlacesOf(const Lines& lines, size_t objects) {
     const auto count = static_cast<uint32_t>(lines.size()), half = count / 2;
-    Places front, back, all;
-    SideBySide([&] { front = PlacesOf(lines, 0, half, objects); },
-               [&] { back = PlacesOf(lines, half, count, objects); });
-    all.plain.reserve(front.plain.size() + back.plain.size());
-    std::ranges::merge(front.plain, back.plain, std::back_inserter(all.plain), {}, &Place::handle,
-                       &Place::handle);
-    all.inBlocks = std::move(front.inBlocks);
-    std::ranges::move(back.inBlocks, std::back_inserter(all.inBlocks));
-    return all;
+    std::vector<Place> front, back;
+    // The second thread has the memory that the dictionary has left.
+    OnSecondThread([&] {
+        front.reserve(objects);
+        back.reserve(objects);
+    }).Get();
+    SideBySide([&] { AddPlaces(lines, 0, half, front); },
+               [&] { AddPlaces(lines, half, count, back); });
+    const auto middle = static_cast<ptrdiff_t>(front.size());
+    std::ranges::copy(back, std::back_inserter(front));
+    std::ranges::inplace_merge(front, front.begin() + middle, {}, &Place::handle);
+    return front;
 }
 
 // Where a part of equal size would begin, or behind the object that stands across its begin.
@@ -56,7 +54,7 @@ size_t Parts::BeginOf(size_t part) const {
     return begin;
 }
 
-std::span<const Place> Parts::Take() {
+std::span<Place> Parts::Take() {
     for (;;) {
         const size_t part = next++;
         const size_t begin = BeginOf(part), end = BeginOf(part + 1);

@@ -1,13 +1,18 @@
 // Stepping aside of texts in blocks.
 #include "apps/cli/StandIns.h"
 
+#include "apps/cli/ReadBack.h"
+
 namespace cli {
 
 using traducaoTQ::ETraduzivel;
 
-StandIns::StandIns(const Lines& lines, std::span<const Place> inBlocks) {
+StandIns::StandIns(const Lines& lines, std::span<const Place> places) {
+    std::vector<Place> inBlocks;
     std::unordered_set<std::u16string_view> translations;
-    for (const Place& place : inBlocks) {
+    for (const Place& place : places) {
+        if (!IsBlockText(*place.object)) continue;
+        inBlocks.push_back(place);
         const structExpressao& line = *lines[place.line];
         if (line.traducao != line.original) translations.insert(line.traducao);
     }

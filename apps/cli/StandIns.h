@@ -12,7 +12,7 @@ namespace cli {
 // written itself.
 class StandIns {
   public:
-    StandIns(const Lines& translatedLines, std::span<const Place> inBlocks);
+    StandIns(const Lines& lines, std::span<const Place> places);
 
     // Gives a text back that could not be written.
     void PutBack(traducaoTQ::ETraduzivel& object, const structExpressao& line) const;

@@ -53,7 +53,7 @@ class TextWriter {
   public:
     explicit TextWriter(const Writing& writing) : writing(writing) {}
 
-    void Write(std::span<const Place> places) {
+    void Write(std::span<Place> places) {
         for (size_t i = 0; i < places.size(); ++i) {
             FetchAhead(places, i);
             Write(places[i]);
@@ -61,28 +61,19 @@ class TextWriter {
     }
     // Beside another writer that has other objects: what only one may write at a time is left for
     // later.
-    void WriteBeside(std::span<const Place> places) {
+    void WriteBeside(std::span<Place> places) {
         for (size_t i = 0; i < places.size(); ++i) {
             FetchAhead(places, i);
-            CanBeBeside(places[i]) ? Write(places[i]) : later.push_back(places[i]);
+            CanBeBeside(places[i]) ? Write(places[i]) : later.push_back(&places[i]);
         }
     }
-    void WriteLater() { Write(std::exchange(later, {})); }
-
-    // Takes over what the other one has written.
-    void Add(TextWriter& other) {
-        std::ranges::copy(other.texts, std::back_inserter(texts));
-        std::ranges::move(other.reports, std::back_inserter(reports));
-        other.texts = {};
+    void WriteLater() {
+        for (Place* place : std::exchange(later, {})) Write(*place);
     }
-    void Expect(size_t count) { texts.reserve(count); }
 
-    Written Take() {
-        std::ranges::sort(reports, {}, [](const auto& report) { return InLines(report.first); });
-        Written written{std::move(texts), {}};
-        for (auto& [place, report] : reports) written.unwritten.push_back(std::move(report));
-        return written;
-    }
+    // By the place in the lines.
+    using Reports = std::vector<std::pair<std::pair<uint32_t, uint32_t>, Unwritten>>;
+    Reports TakeReports() { return std::move(reports); }
 
   private:
     // Neighbours in the file are far apart in memory: the lines of the places ahead, and then the
@@ -104,7 +95,7 @@ class TextWriter {
         return record != dxf::kNoRecord && writing.store.CanChangeBeside(record);
     }
 
-    void Write(const Place& place) {
+    void Write(Place& place) {
         ETraduzivel& object = *place.object;
         const structExpressao& line = *writing.lines[place.line];
         try {
@@ -116,7 +107,7 @@ class TextWriter {
             writing.standIns.PutBack(object, line);
             return Report(place, error.description().narrowText());
         }
-        texts.push_back({place.handle, IsXdata(object), line.original, line.traducao});
+        place.written = true;
         const std::string remark =
             writing.onWritten ? writing.onWritten(object, line) : std::string();
         if (!remark.empty()) Report(place, remark);
@@ -137,35 +128,47 @@ class TextWriter {
     void Report(const Place& place, const std::string& reason) {
         const ETraduzivel& object = *place.object;
         reports.push_back(
-            {place,
+            {InLines(place),
              {std::string(traducaoTQ::NomeTipo(object.GetTipo())), Utf8(object.GetChave()),
               Utf8(writing.lines[place.line]->original), reason}});
     }
 
     const Writing& writing;
-    std::vector<ExpectedText> texts;
-    std::vector<std::pair<Place, Unwritten>> reports;
-    std::vector<Place> later;
+    std::vector<Place*> later;
+    Reports reports;
 };
 
+Written WrittenOf(std::span<const Place> places, const Lines& lines, TextWriter::Reports reports) {
+    Written written;
+    written.texts.reserve(places.size());
+    for (const Place& place : places) {
+        const structExpressao& line = *lines[place.line];
+        if (!place.written) continue;
+        written.texts.push_back(
+            {place.handle, &line.original, &line.traducao, IsXdata(*place.object)});
+    }
+    std::ranges::sort(reports, {}, &TextWriter::Reports::value_type::first);
+    for (auto& [place, report] : reports) written.unwritten.push_back(std::move(report));
+    return written;
+}
+
 // Records are made in the order of the lines, from which they have their handles.
-Written WriteInOrder(const Writing& writing, Places places, Progress& progress) {
-    std::vector<Place> all = std::move(places.plain);
-    std::ranges::copy(places.inBlocks, std::back_inserter(all));
-    std::ranges::sort(all, {}, InLines);
-    Parts parts(all);
+TextWriter::Reports WriteInOrder(const Writing& writing, std::span<Place> places,
+                                 Progress& progress) {
+    std::ranges::sort(places, {}, InLines);
+    Parts parts(places);
     TextWriter writer(writing);
     for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
         writer.Write(part);
         progress.Reached(parts.Taken());
     }
-    return writer.Take();
+    return writer.TakeReports();
 }
 
-Written WriteSideBySide(const Writing& writing, const Places& places, Progress& progress) {
-    Parts parts(places.plain);
+TextWriter::Reports WriteSideBySide(const Writing& writing, std::span<Place> places,
+                                    Progress& progress) {
+    Parts parts(places);
     TextWriter writer(writing), other(writing);
-    writer.Expect(places.plain.size() + places.inBlocks.size());
     SideBySide(
         [&] {
             for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
@@ -181,9 +184,9 @@ Written WriteSideBySide(const Writing& writing, const Places& places, Progress& 
         });
     writer.WriteLater();
     other.WriteLater();
-    writer.Write(places.inBlocks);
-    writer.Add(other);
-    return writer.Take();
+    auto reports = writer.TakeReports();
+    std::ranges::move(other.TakeReports(), std::back_inserter(reports));
+    return reports;
 }
 
 }  // namespace
@@ -191,11 +194,12 @@ Written WriteSideBySide(const Writing& writing, const Places& places, Progress& 
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
     DropUntranslatedLines(table);
-    Places places = PlacesOf(table.Lines(), table.objects->size());
-    const StandIns standIns(table.Lines(), places.inBlocks);
+    std::vector<Place> places = PlacesOf(table.Lines(), table.objects->size());
+    const StandIns standIns(table.Lines(), places);
     const Writing writing{drawing.store(), onWritten, table.Lines(), standIns};
-    return onWritten ? WriteInOrder(writing, std::move(places), progress)
-                     : WriteSideBySide(writing, places, progress);
+    const auto write = onWritten ? WriteInOrder : WriteSideBySide;
+    auto reports = write(writing, places, progress);
+    return WrittenOf(places, table.Lines(), std::move(reports));
 }
 
 }  // namespace cli

@@ -16,7 +16,7 @@ struct Unwritten {
 };
 
 struct Written {
-    std::vector<ExpectedText> texts;  // what the new file is to hold; views of the lines' texts
+    std::vector<ExpectedText> texts;  // what the new file is to hold; the texts are the lines'
     std::vector<Unwritten> unwritten;
 };
 

@@ -1,6 +1,8 @@
 // The certificate: what it lets pass, and every kind of sabotage that it must catch.
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "apps/cli/Certificate.h"
 #include "apps/cli/Failure.h"
 #include "tests/cli/SampleDrawing.h"
@@ -17,12 +19,18 @@ struct Case {
 
 std::string Name(const testing::TestParamInfo<Case>& info) { return info.param.name; }
 
+// Texts that stay until the program ends.
+const std::u16string* Kept(const std::u16string& text) {
+    static std::set<std::u16string> kept;
+    return &*kept.insert(text).first;
+}
+
 // What a translation of "Motor" at 30, "Painel" at 34, and the wire "Cabo" at 35 expects.
 cli::Expectation Expected(bool records) {
     cli::Expectation expectation;
-    expectation.texts = {{0x34, false, u"Painel", u"Schalt\r\ntafel"},
-                         {0x30, false, u"Motor", u"Antrieb"},
-                         {0x35, true, u"Cabo", u"Kabel"}};
+    expectation.texts = {{0x34, Kept(u"Painel"), Kept(u"Schalt\r\ntafel"), false},
+                         {0x30, Kept(u"Motor"), Kept(u"Antrieb"), false},
+                         {0x35, Kept(u"Cabo"), Kept(u"Kabel"), true}};
     if (records) expectation.recordKeys = {u"VRN_TQ_OBJS_TRADS"};
     return expectation;
 }
@@ -104,8 +112,9 @@ TEST(Certificate, ATextInsideAnAttributeFollowsTheAttributes) {
     } cases[] = {
         {"An^Jtrieb", "An\\Ptrieb", 0}, {"An^Jtrieb", "Antrieb", 1}, {"Motor", "An\\Ptrieb", 2}};
     for (const auto& c : cases) {
-        const Certificate certificate = cli::Certify(
-            *before, drawing(c.own, c.inside), {.texts = {{0x33, false, u"Motor", u"An\ntrieb"}}});
+        const Certificate certificate =
+            cli::Certify(*before, drawing(c.own, c.inside),
+                         {.texts = {{0x33, Kept(u"Motor"), Kept(u"An\ntrieb"), false}}});
         EXPECT_EQ(certificate.others, c.others) << c.own << c.inside;
     }
 }
@@ -125,14 +134,11 @@ std::string LongDrawing(bool translated, int sabotaged = -1, const std::string& 
 
 Certificate CertifyLong(const std::string& after) {
     cli::Expectation expectation;
-    std::vector<std::u16string> words;
-    words.reserve(2 * kTexts);
     for (int i = 0; i < kTexts; i += 3) {
         const std::string number = std::to_string(i);
         const std::u16string wide(number.begin(), number.end());
-        words.push_back(u"Borne" + wide);
-        words.push_back(u"Klemme" + wide);
-        expectation.texts.push_back({0x1000u + i, false, words[words.size() - 2], words.back()});
+        expectation.texts.push_back(
+            {0x1000u + i, Kept(u"Borne" + wide), Kept(u"Klemme" + wide), false});
     }
     return cli::Certify(*dxf::Store::Parse(LongDrawing(false)), after, expectation);
 }
