@@ -35,7 +35,14 @@ struct ImportReport {
 };
 
 struct DictionaryFinding {
-    enum class Kind { DoubledSource, EmptyText, TooLong, LanguageKey, MissingColumn };
+    enum class Kind {
+        DoubledSource,
+        EmptyText,
+        TooLong,
+        LanguageKey,
+        DoubledLanguage,
+        MissingColumn
+    };
     Kind kind;
     int term = 0;      // key of the term, 0 when it is none's
     QString language;  // description
@@ -58,7 +65,7 @@ class Dictionary {
     void AddLanguages(const QStringList& names);  // all of them or none
 
     Terms ReadTerms();
-    // header: names or keys of languages, one a column. A row whose first text a term has already,
+    // header: keys or names of languages, one a column. A row whose first text a term has already,
     // in that column's language, is merged into it (into the lowest key): texts that are not empty
     // replace the term's. Other rows become new terms.
     ImportReport Import(const QStringList& header, const std::vector<QStringList>& rows);

@@ -88,10 +88,17 @@ CsvRow ToCsv(const QStringList& texts) {
     return row;
 }
 
+// Names, and keys where a name could mean another language too.
 CsvRow HeaderOf(const host::Terms& terms) {
     CsvRow header;
     for (const host::Language& language : terms.languages) {
-        header.push_back(language.description.toStdString());
+        const QString& name = language.description;
+        const auto meant =
+            std::count_if(terms.languages.begin(), terms.languages.end(), [&](const auto& other) {
+                return other.key == name ||
+                       other.description.compare(name, Qt::CaseInsensitive) == 0;
+            });
+        header.push_back((meant == 1 ? name : language.key).toStdString());
     }
     return header;
 }
@@ -178,6 +185,8 @@ const char* NameOf(host::DictionaryFinding::Kind kind) {
             return "too-long";
         case Kind::LanguageKey:
             return "language-key";
+        case Kind::DoubledLanguage:
+            return "doubled-language";
         case Kind::MissingColumn:
             return "missing-column";
     }

@@ -30,6 +30,11 @@ void KeepColumns(structTraducoes& dictionary, const std::vector<TQString>& langu
     }
 }
 
+std::vector<Language> InUseOf(std::vector<Language> languages) {
+    std::erase_if(languages, [](const Language& language) { return !InUse(language); });
+    return languages;
+}
+
 void ChooseLanguages(TranslationTable& table, const LanguageOptions& options, int projectLanguage) {
     const Languages languages;
     table.from = languages.Source(options.from, projectLanguage);
@@ -49,10 +54,11 @@ std::future<Dictionary> ReadDictionary(Session& session, const LanguageOptions& 
         const Languages languages;
         Dictionary dictionary{languages.All(), nullptr};
         const bool bothNamed = !options.from.empty() && !options.to.empty();
-        dictionary.terms = keep == Keep::SourceAndTarget && bothNamed
-                               ? traducaoTQ::IBDIdiomas().GetTerms(
-                                     {languages.Find(options.from), languages.Find(options.to)})
-                               : traducaoTQ::IBDIdiomas().GetTerms();
+        auto columns = keep == Keep::SourceAndTarget && bothNamed
+                           ? std::vector{languages.Find(options.from), languages.Find(options.to)}
+                           : InUseOf(languages.All());
+        for (Language& column : columns) column.descr = column.key;
+        dictionary.terms = traducaoTQ::IBDIdiomas().GetTerms(std::move(columns));
         if (!dictionary.terms) session.RequireReadableTerms();
         return dictionary;
     });
@@ -66,13 +72,13 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
     table.table.traducoes = std::move(dictionary.terms);
     ChooseLanguages(table, options, session.ProjectLanguage());
     if (keep == Keep::SourceAndTarget && table.to && table.table.traducoes) {
-        KeepColumns(*table.table.traducoes, {table.from.descr, table.to->descr});
+        KeepColumns(*table.table.traducoes, {table.from.key, table.to->key});
     }
     table.objects = std::move(objects);
     table.table.AgruparExpressoes(*table.objects,
                                   traducaoTQ::ITabelaExpressoes::Textos::VaoParaAsLinhas);
     table.table.AtualizarExpressoes(
-        table.from.descr, table.to ? std::optional<TQString>(table.to->descr) : std::nullopt);
+        table.from.key, table.to ? std::optional<TQString>(table.to->key) : std::nullopt);
     return table;
 }
 

@@ -29,8 +29,10 @@ struct TranslationTable {
 // stay in memory.
 enum class Keep { AllLanguages, SourceAndTarget };
 struct Dictionary {
-    std::vector<Language> languages;                                 // all of them
-    std::unique_ptr<traducaoTQ::IBDIdiomas::structTraducoes> terms;  // null: none are asked for
+    std::vector<Language> languages;  // all of them
+    // Their columns bear keys for names, since two languages may have one name. Null: there are
+    // none, or none are asked for.
+    std::unique_ptr<traducaoTQ::IBDIdiomas::structTraducoes> terms;
 };
 
 // Opens the session's dictionary, and reads it on a thread of its own from then on. The session

@@ -36,16 +36,6 @@ class Failure : public CliTest, public testing::WithParamInterface<Case> {
         Change("noterms.sqlite", "drop table BDTRANSLATOR");
         Change("nocolumn.sqlite", "alter table BDTRANSLATOR drop column LANGUAGE3");
     }
-
-    void Change(const char* file, const char* statement) {
-        {
-            QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", file);
-            database.setDatabaseName(QString::fromStdString(Path(file)));
-            ASSERT_TRUE(database.open());
-            ASSERT_TRUE(QSqlQuery(database).exec(statement));
-        }
-        QSqlDatabase::removeDatabase(file);
-    }
 };
 
 TEST_P(Failure, IsOneLineAndTouchesNothing) {
