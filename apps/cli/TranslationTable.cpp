@@ -83,10 +83,13 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
 }
 
 TranslationTable ReadTable(Session& session, const std::string& drawing, const ScanOptions& scan,
-                           const LanguageOptions& options) {
+                           const LanguageOptions& options, Progress& progress) {
+    progress.Phase("reading");
     auto dictionary = ReadDictionary(session, options, Keep::SourceAndTarget);
     session.OpenDrawing(drawing);
+    progress.Phase("scanning");
     auto objects = Scan(session, scan).Run();
+    progress.Phase("matching");
     return MakeTable(session, dictionary.get(), std::move(objects), options, Keep::SourceAndTarget);
 }
 

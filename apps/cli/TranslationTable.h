@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "apps/cli/Languages.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/Scan.h"
 #include "translator/dialogs/ITabelaExpressoes.h"
 
@@ -46,7 +47,7 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
 
 // All of it, for a command that only looks: opens dictionary and drawing, scans, groups, matches.
 TranslationTable ReadTable(Session& session, const std::string& drawing, const ScanOptions& scan,
-                           const LanguageOptions& options);
+                           const LanguageOptions& options, Progress& progress);
 
 const char* StateOf(const structExpressao& line);  // "untranslated", "automatic", ...
 
