@@ -96,7 +96,7 @@ class Parser {
 
 // A disk that is full may say so only here.
 void Sync(const std::string& path, const std::string& temporary) {
-    const int file = ::open(temporary.c_str(), O_RDONLY | O_CLOEXEC);
+    const int file = ::open(temporary.c_str(), O_WRONLY | O_CLOEXEC);
     const int error = file >= 0 && ::fsync(file) == 0 ? 0 : errno;
     if (file >= 0) ::close(file);
     if (error) throw Error(path + ": the file cannot be written: " + std::strerror(error));
