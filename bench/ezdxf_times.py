@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Times ezdxf on a drawing: load, walk of texts and wires, edit, save. Prints seconds as JSON."""
+"""Times ezdxf on a drawing: load, walk of texts and wires, edit, save. Prints seconds and the
+number of texts as JSON."""
 import json
 import sys
 import time
@@ -10,9 +11,9 @@ WIRE = "VRN_TQ_WIRE"
 
 
 def walk(doc):
-    """Every entity that bears text and every wire, in the model space and in the blocks."""
+    """Every entity that bears text and every wire, in the blocks: the layouts are blocks too."""
     texts, wires = [], []
-    for layout in (doc.modelspace(), *doc.blocks):
+    for layout in doc.blocks:
         for entity in layout:
             kind = entity.dxftype()
             if kind in ("TEXT", "ATTDEF"):
@@ -47,7 +48,7 @@ def main():
     mark(edit(texts))
     mark(doc.saveas(out))
     spans = [end - begin for begin, end in zip(marks, marks[1:])]
-    print(json.dumps(dict(zip(("load", "walk", "edit", "save"), spans))))
+    print(json.dumps({**dict(zip(("load", "walk", "edit", "save"), spans)), "texts": len(texts)}))
 
 
 if __name__ == "__main__":

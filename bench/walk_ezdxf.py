@@ -30,9 +30,12 @@ class Walk:
     def reference(self, entity):
         for attribute in entity.attribs:
             self.text(attribute)
-        if entity.dxf.name not in self.blocks and entity.dxf.name in self.doc.blocks:
-            self.blocks.add(entity.dxf.name)
-            for inner in self.doc.blocks[entity.dxf.name].query("TEXT"):
+        name = entity.dxf.name
+        if name in self.blocks:
+            return
+        self.blocks.add(name)
+        for inner in self.doc.blocks.get(name) or ():
+            if inner.dxftype() == "TEXT":
                 self.text(inner)
 
     def strings(self, entity, application, skip, field_count):

@@ -25,9 +25,10 @@ std::vector<Language> Dictionary::Languages() {
     return languages;
 }
 
-Language Dictionary::AddLanguage(const QString& name) {
+Language Dictionary::AddLanguage(const QString& name, const Tell<Language>& tell) {
     SqlTransaction transaction(connection);
     const Language added = Add(name);
+    if (tell) tell(added);
     transaction.Commit();
     return added;
 }
@@ -79,12 +80,14 @@ Terms Dictionary::ReadTerms() {
     return result;
 }
 
-ImportReport Dictionary::Import(const QStringList& header, const std::vector<QStringList>& rows) {
+ImportReport Dictionary::Import(const QStringList& header, const std::vector<QStringList>& rows,
+                                const Tell<ImportReport>& tell) {
     SqlTransaction transaction(connection);
     const Terms terms = ReadTerms();
     DictionaryImport import(connection, url, terms, header);
     for (const QStringList& row : rows) import.Take(row);
     ImportReport report = import.Write();
+    if (tell) tell(report);
     transaction.Commit();
     return report;
 }

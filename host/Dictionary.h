@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <vector>
 
 #include "host/SqlConnection.h"
@@ -35,7 +36,14 @@ struct ImportReport {
 };
 
 struct DictionaryFinding {
-    enum class Kind { DoubledSource, EmptyText, TooLong, LanguageKey, MissingColumn };
+    enum class Kind {
+        DoubledSource,
+        EmptyText,
+        TooLong,
+        LanguageKey,
+        DoubledLanguage,
+        MissingColumn
+    };
     Kind kind;
     int term = 0;      // key of the term, 0 when it is none's
     QString language;  // description
@@ -50,18 +58,23 @@ class Dictionary {
     // is none.
     explicit Dictionary(const QString& url, OnMissing onMissing = OnMissing::Refuse);
 
+    // Is given the result before the change is kept; what it throws takes the change back.
+    template <class Result>
+    using Tell = std::function<void(const Result&)>;
+
     // In ascending number. Language keys that are no numbers count as 0.
     std::vector<Language> Languages();
     // The next free number, in use. Refuses an empty name and one that is there already, whatever
     // its case.
-    Language AddLanguage(const QString& name);
+    Language AddLanguage(const QString& name, const Tell<Language>& tell = {});
     void AddLanguages(const QStringList& names);  // all of them or none
 
     Terms ReadTerms();
-    // header: names or keys of languages, one a column. A row whose first text a term has already,
+    // header: keys or names of languages, one a column. A row whose first text a term has already,
     // in that column's language, is merged into it (into the lowest key): texts that are not empty
     // replace the term's. Other rows become new terms.
-    ImportReport Import(const QStringList& header, const std::vector<QStringList>& rows);
+    ImportReport Import(const QStringList& header, const std::vector<QStringList>& rows,
+                        const Tell<ImportReport>& tell = {});
 
     std::vector<DictionaryFinding> Check();
 

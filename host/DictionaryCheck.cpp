@@ -35,6 +35,20 @@ void CheckLanguages(const std::vector<Language>& languages, SqlConnection& conne
     }
 }
 
+// Dialogs and tables name languages by their names.
+void CheckNames(const std::vector<Language>& languages, Findings& findings) {
+    for (size_t i = 0; i < languages.size(); ++i) {
+        for (size_t j = 0; j < i; ++j) {
+            const QString& name = languages[i].description;
+            if (name.compare(languages[j].description, Qt::CaseInsensitive) != 0) continue;
+            findings.push_back({Kind::DoubledLanguage, 0, name,
+                                QStringLiteral("languages %1 and %2 have the same name \"%3\"")
+                                    .arg(languages[j].key, languages[i].key, name)});
+            break;
+        }
+    }
+}
+
 void CheckText(const Terms::Term& term, const Language& language, const QString& text, int length,
                Findings& findings) {
     if (text.isEmpty()) {
@@ -74,7 +88,9 @@ void CheckDoubled(const Terms& terms, Findings& findings) {
 
 Findings Dictionary::Check() {
     Findings findings;
-    CheckLanguages(Languages(), connection, findings);
+    const std::vector<Language> languages = Languages();
+    CheckLanguages(languages, connection, findings);
+    CheckNames(languages, findings);
     for (const DictionaryFinding& finding : findings) {
         if (finding.kind == Kind::MissingColumn) return findings;  // the terms cannot be read
     }

@@ -20,13 +20,15 @@ QString NamesOf(const std::vector<Language>& languages) {
     return names.join(QLatin1String(", "));
 }
 
-int PlaceOf(const std::vector<Language>& languages, const QString& nameOrKey) {
-    const QString wanted = nameOrKey.trimmed();
-    for (size_t i = 0; i < languages.size(); ++i) {
-        const bool named = languages[i].description.compare(wanted, Qt::CaseInsensitive) == 0;
-        if (named || languages[i].key == wanted) return static_cast<int>(i);
+// The languages that a heading may mean: the one of that key, else all of that name.
+std::vector<int> PlacesOf(const std::vector<Language>& languages, const QString& keyOrName) {
+    const QString wanted = keyOrName.trimmed();
+    std::vector<int> named;
+    for (int i = 0; i < static_cast<int>(languages.size()); ++i) {
+        if (languages[i].key == wanted) return {i};
+        if (languages[i].description.compare(wanted, Qt::CaseInsensitive) == 0) named.push_back(i);
     }
-    return -1;
+    return named;
 }
 
 // An empty text is bound as such: a null string would become NULL.
@@ -50,16 +52,23 @@ DictionaryImport::DictionaryImport(SqlConnection& connection, const QString& url
     }
 }
 
+int DictionaryImport::PlaceOf(const std::vector<Language>& languages, const QString& name) const {
+    const std::vector<int> found = PlacesOf(languages, name);
+    if (found.size() == 1) return found.front();
+    throw Error(
+        found.empty()
+            ? QStringLiteral("database %1: there is no language \"%2\" (there are: %3); add it "
+                             "with kelvara db add-language")
+                  .arg(url, name, NamesOf(languages))
+            : QStringLiteral("import into %1: several languages are named \"%2\"; write their "
+                             "keys in the first row")
+                  .arg(url, name));
+}
+
 void DictionaryImport::FindColumns(const std::vector<Language>& languages,
                                    const QStringList& header) {
     for (const QString& name : header) {
         const int place = PlaceOf(languages, name);
-        if (place < 0) {
-            throw Error(
-                QStringLiteral("database %1: there is no language \"%2\" (there are: %3); add "
-                               "it with kelvara db add-language")
-                    .arg(url, name, NamesOf(languages)));
-        }
         if (std::find(places.begin(), places.end(), place) != places.end()) {
             throw Error(
                 QStringLiteral("import into %1: the language \"%2\" has two columns; keep one")

@@ -26,6 +26,7 @@ class DictionaryImport {
         bool changed = false;
     };
 
+    int PlaceOf(const std::vector<Language>& languages, const QString& name) const;
     void FindColumns(const std::vector<Language>& languages, const QStringList& header);
     bool TooLong(const QStringList& texts) const;
     void Merge(Known& known, const QStringList& texts);

@@ -18,7 +18,7 @@ QString OrElse(const QString& text, const QString& otherwise) {
 Host::Host(HostOptions given)
     : options(std::move(given)),
       settings(OrElse(options.settingsFile, Settings::DefaultFileName())),
-      log(options.logFile, options.logToStderr),
+      log(options.logFile, options.logToStderr, options.logOpens),
       mainWindow(options.mainWindow ? options.mainWindow : &noMainWindow),
       messageBoxes(options.messageBoxes ? options.messageBoxes : &consoleMessageBoxes),
       documents(options.commandLine, [this](Document& document) { PrepareDocument(document); }),

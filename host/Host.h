@@ -23,6 +23,7 @@ namespace host {
 struct HostOptions {
     QString settingsFile;  // empty: the user's
     QString logFile;       // empty: none
+    Log::Opens logOpens = Log::Opens::AtOnce;
     bool logToStderr = false;
     QString databaseUrl;  // empty: that of the settings
     OnMissing onMissingDatabase = OnMissing::Refuse;

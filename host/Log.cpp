@@ -4,16 +4,27 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <cstdio>
+#include <utility>
 
 namespace host {
 
-Log::Log(const QString& fileName, bool toStderr) : file(fileName), toStderr(toStderr) {
-    if (fileName.isEmpty()) return;
-    QDir().mkpath(QFileInfo(fileName).path());
+Log::Log(const QString& fileName, bool toStderr, Opens opens) : file(fileName), toStderr(toStderr) {
+    if (opens == Opens::AtOnce) Open();
+}
+
+QString Log::DefaultFileName() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           "/kelvara/kelvara.log";
+}
+
+void Log::Open() {
+    if (file.fileName().isEmpty() || std::exchange(opened, true)) return;
+    QDir().mkpath(QFileInfo(file).path());
     if (file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered)) return;
     const QString reason = QStringLiteral("log %1: %2; its lines go to stderr\n");
-    WriteToStderr(reason.arg(fileName, file.errorString()).toUtf8());
+    WriteToStderr(reason.arg(file.fileName(), file.errorString()).toUtf8());
     this->toStderr = true;
 }
 
@@ -25,6 +36,7 @@ void Log::Write(const QString& text, const QString& drawing) {
     const QByteArray bytes = line.toUtf8() + '\n';
     const QByteArray time = QDateTime::currentDateTime().toString(Qt::ISODateWithMs).toLatin1();
     std::lock_guard lock(mutex);
+    Open();
     if (file.isOpen()) file.write(time + ' ' + bytes);
     if (toStderr) WriteToStderr(bytes);
 }

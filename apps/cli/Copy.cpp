@@ -21,10 +21,14 @@ void RequireSameBytes(const dxf::Store& store, const std::string& path) {
 }
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
+    Progress progress(general);
     Session session(general);
+    progress.Phase("reading");
     const OdDbDatabase& drawing = session.OpenDrawing(arguments.in);
+    progress.Phase("saving");
     SaveDrawing(session, arguments.save,
                 [&](const std::string& path) { RequireSameBytes(drawing.store(), path); });
+    progress.End();
     Output(general).Detail(arguments.in + " copied to " + arguments.save.output);
 }
 
@@ -36,9 +40,11 @@ void RegisterCopy(CommandLine& line) {
                                  "Opens a drawing and saves it; the copy is the same byte for byte",
                                  [&line, arguments] { Run(line.general, *arguments); });
     command->add_option("IN", arguments->in, "ASCII or binary DXF; - reads standard input")
-        ->required();
+        ->required()
+        ->check(kNotEmpty);
     command->add_option("OUT", arguments->save.output, "The copy; - writes standard output")
-        ->required();
+        ->required()
+        ->check(kNotEmpty);
     command->add_flag("--force", arguments->save.force,
                       "Replace the input even if another program has changed it meanwhile");
 }

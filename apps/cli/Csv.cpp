@@ -1,6 +1,9 @@
 // Reading and writing of CSV.
 #include "apps/cli/Csv.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QStringDecoder>
 #include <algorithm>
@@ -91,6 +94,14 @@ class Parser {
     std::vector<CsvRow> rows;
 };
 
+// A disk that is full may say so only here.
+void Sync(const std::string& path, const std::string& temporary) {
+    const int file = ::open(temporary.c_str(), O_WRONLY | O_CLOEXEC);
+    const int error = file >= 0 && ::fsync(file) == 0 ? 0 : errno;
+    if (file >= 0) ::close(file);
+    if (error) throw Error(path + ": the file cannot be written: " + std::strerror(error));
+}
+
 }  // namespace
 
 std::vector<CsvRow> ParseCsv(std::string_view text) {
@@ -138,19 +149,21 @@ std::string CsvLine(const CsvRow& row) {
 void WriteTable(const std::string& path, const std::string& bytes,
                 const std::function<void()>& together) {
     if (path != kStandardStream) {
+        const auto sync = [&](const std::string& temporary) {
+            Sync(path, temporary);
+            if (together) together();
+        };
         dxf::ReplaceFile(
-            path, [&](const dxf::Sink& sink) { sink(bytes); },
-            [&](const std::string&) {
-                if (together) together();
-            });
+            path, [&](const dxf::Sink& sink) { sink(bytes); }, sync);
         return;
     }
-    if (together) together();
     errno = 0;
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
-    if (written && std::fflush(stdout) == 0) return;
-    throw Error(std::string("cannot write the table to standard output: ") +
-                std::strerror(errno ? errno : EIO));
+    if (!written || std::fflush(stdout) != 0) {
+        throw Error(std::string("cannot write the table to standard output: ") +
+                    std::strerror(errno ? errno : EIO));
+    }
+    if (together) together();
 }
 
 }  // namespace cli

@@ -24,8 +24,8 @@ std::vector<CsvRow> ReadCsv(const std::string& path);
 std::string CsvLine(const CsvRow& row);  // with commas and CR LF
 
 // Writes a whole table to a file, or leaves the one that was there; "-" is standard output. What is
-// to come about together with it is done when the new file is complete and not yet in its place: if
-// that throws, nothing is written. Throws when the file cannot be written.
+// to come about together with it is done when the new file is on the disk and not yet in its place:
+// if that throws, nothing is written. Throws when the table cannot be written.
 void WriteTable(const std::string& path, const std::string& bytes,
                 const std::function<void()>& together = {});
 

@@ -6,6 +6,8 @@
 #include "apps/cli/Csv.h"
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/Paths.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/Session.h"
 #include "host/Dictionary.h"
 
@@ -88,10 +90,17 @@ CsvRow ToCsv(const QStringList& texts) {
     return row;
 }
 
+// Names, and keys where a name could mean another language too.
 CsvRow HeaderOf(const host::Terms& terms) {
     CsvRow header;
     for (const host::Language& language : terms.languages) {
-        header.push_back(language.description.toStdString());
+        const QString& name = language.description;
+        const auto meant =
+            std::count_if(terms.languages.begin(), terms.languages.end(), [&](const auto& other) {
+                return other.key == name ||
+                       other.description.compare(name, Qt::CaseInsensitive) == 0;
+            });
+        header.push_back((meant == 1 ? name : language.key).toStdString());
     }
     return header;
 }
@@ -111,7 +120,11 @@ void PrintTerms(const GeneralOptions& general, const host::Terms& terms) {
 }
 
 void ShowTerms(const GeneralOptions& general, const std::string& csvFile) {
+    RequireApart({"the table", csvFile}, {{"the dictionary", DatabaseFileOf(general)}});
+    Progress progress(general);
+    progress.Phase("reading");
     const host::Terms terms = host::Dictionary(Url(general)).ReadTerms();
+    progress.End();
     if (csvFile.empty()) return PrintTerms(general, terms);
     std::string table = CsvLine(HeaderOf(terms));
     for (const auto& term : terms.terms) table += CsvLine(ToCsv(term.texts));
@@ -156,6 +169,8 @@ void PrintImport(const GeneralOptions& general, const host::ImportReport& report
 }
 
 void Import(const GeneralOptions& general, const std::string& csvFile) {
+    Progress progress(general);
+    progress.Phase("reading");
     std::vector<CsvRow> rows = ReadCsv(csvFile);
     if (rows.empty()) {
         throw Error("the table " + csvFile +
@@ -164,7 +179,12 @@ void Import(const GeneralOptions& general, const std::string& csvFile) {
     std::vector<QStringList> terms;
     terms.reserve(rows.size() - 1);
     for (size_t i = 1; i < rows.size(); ++i) terms.push_back(ToQt(rows[i]));
-    PrintImport(general, host::Dictionary(Url(general)).Import(ToQt(rows[0]), terms));
+    progress.Phase("importing");
+    host::Dictionary(Url(general))
+        .Import(ToQt(rows[0]), terms, [&](const host::ImportReport& report) {
+            progress.End();
+            PrintImport(general, report);
+        });
 }
 
 const char* NameOf(host::DictionaryFinding::Kind kind) {
@@ -178,6 +198,8 @@ const char* NameOf(host::DictionaryFinding::Kind kind) {
             return "too-long";
         case Kind::LanguageKey:
             return "language-key";
+        case Kind::DoubledLanguage:
+            return "doubled-language";
         case Kind::MissingColumn:
             return "missing-column";
     }
@@ -185,12 +207,15 @@ const char* NameOf(host::DictionaryFinding::Kind kind) {
 }
 
 void Check(const GeneralOptions& general) {
+    Progress progress(general);
+    progress.Phase("checking");
     Table table({{"finding"}, {"term", true}, {"language"}, {"text"}});
     const auto findings = host::Dictionary(Url(general)).Check();
     for (const host::DictionaryFinding& finding : findings) {
         table.Add({NameOf(finding.kind), std::to_string(finding.term),
                    finding.language.toStdString(), finding.text.toStdString()});
     }
+    progress.End();
     Output output(general);
     table.Print(output);
     output.Note(std::to_string(findings.size()) +
@@ -209,26 +234,31 @@ void RegisterDb(CommandLine& line) {
 
     line.Add(*db, "init", "Makes the tables where there are none, and the languages of a file",
              [&general, file] { Init(general, *file); })
-        ->add_option("--languages", *file, "Names of languages, one a line; those there are stay");
+        ->add_option("--languages", *file, "Names of languages, one a line; those there are stay")
+        ->check(kNotEmpty);
     line.Add(*db, "languages", "The languages: key, name, in use or not",
              [&general] { PrintLanguages(general, host::Dictionary(Url(general)).Languages()); });
     line.Add(*db, "add-language", "Adds a language under the next number",
              [&general, file] {
-                 const host::Language added =
-                     host::Dictionary(Url(general)).AddLanguage(QString::fromStdString(*file));
-                 PrintLanguages(general, {added});
+                 host::Dictionary(Url(general))
+                     .AddLanguage(QString::fromStdString(*file), [&](const host::Language& added) {
+                         PrintLanguages(general, {added});
+                     });
              })
         ->add_option("NAME", *file, "Its name")
-        ->required();
+        ->required()
+        ->check(kNotEmpty);
     line.Add(*db, "terms", "All terms, one a line", [&general, file] { ShowTerms(general, *file); })
         ->add_option(
             "--to-csv", *file,
-            "Write them to a file: UTF-8, with a header of language names; - writes stdout");
+            "Write them to a file: UTF-8, with a header of language names; - writes stdout")
+        ->check(kNotEmpty);
     line.Add(*db, "import",
              "Takes terms from a table; rows whose first column is known are merged into the term",
              [&general, file] { Import(general, *file); })
         ->add_option("FILE", *file, "UTF-8 CSV with a header of language names; - reads stdin")
-        ->required();
+        ->required()
+        ->check(kNotEmpty);
     line.Add(*db, "check",
              "Doubled sources, empty texts, texts too long, language keys that are not 1 to n",
              [&general] { Check(general); });

@@ -3,6 +3,7 @@
 
 #include "apps/cli/Csv.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/Paths.h"
 #include "apps/cli/TranslationTable.h"
 #include "translator/dialogs/IntercambioCsv.h"
 
@@ -16,6 +17,18 @@ struct Arguments {
     LanguageOptions languages;
     bool utf8 = false, untranslated = false;
 };
+
+void Warn(const Output& output, const traducaoTQ::ExportadorCsv& file) {
+    if (file.CaracteresPerdidos() > 0) {
+        output.Note("characters that the code page lacks became \"?\"; --utf8 holds every one");
+    }
+    if (file.LinhasSemVolta() > 0) {
+        output.Note(
+            "import will not take back rows whose text has a \";\" or a lost character, "
+            "whose translation has a line end, or with more than " +
+            std::to_string(traducaoTQ::kMaxBytesCampo) + " bytes in a field");
+    }
+}
 
 void Print(Output& output, const traducaoTQ::ExportadorCsv& file, size_t translated,
            const std::string& page) {
@@ -38,9 +51,12 @@ void Print(Output& output, const traducaoTQ::ExportadorCsv& file, size_t transla
 }
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
+    RequireApart({"the exchange file", arguments.file},
+                 {{"the drawing", arguments.drawing}, {"the dictionary", DatabaseFileOf(general)}});
+    Progress progress(general);
     Session session(general);
     const TranslationTable table =
-        ReadTable(session, arguments.drawing, arguments.scan, arguments.languages);
+        ReadTable(session, arguments.drawing, arguments.scan, arguments.languages, progress);
     std::ostringstream bytes;
     traducaoTQ::ExportadorCsv file(bytes, arguments.utf8 ? CP_UTF8 : CP_ACP);
     size_t translated = 0;
@@ -50,19 +66,13 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
         file.Escrever(line->original, line->traducao);
         translated += has;
     }
-    WriteTable(arguments.file, bytes.str());
-    Output output(general, arguments.file == kStandardStream);
-    Print(output, file, translated, arguments.utf8 ? "UTF-8" : std::to_string(GetACP()));
-    if (file.CaracteresPerdidos() > 0) {
-        output.Note("characters that the code page lacks became \"?\"; --utf8 holds every one");
-    }
-    if (file.LinhasSemVolta() > 0) {
-        output.Note(
-            "import will not take back rows whose text has a \";\" or a lost character, "
-            "whose translation has a line end, or with more than " +
-            std::to_string(traducaoTQ::kMaxBytesCampo) + " bytes in a field");
-    }
-    output.Finish();
+    WriteTable(arguments.file, bytes.str(), [&] {
+        progress.End();
+        Output output(general, arguments.file == kStandardStream);
+        Print(output, file, translated, arguments.utf8 ? "UTF-8" : std::to_string(GetACP()));
+        output.Finish();
+        Warn(output, file);
+    });
 }
 
 }  // namespace

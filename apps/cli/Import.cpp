@@ -4,6 +4,7 @@
 #include "apps/cli/Csv.h"
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/Paths.h"
 #include "apps/cli/TranslatedDrawing.h"
 #include "translator/dialogs/IntercambioCsv.h"
 
@@ -49,11 +50,31 @@ void PrintRows(Output& output, const structImportacao& rows) {
                 " bytes; it and the rows behind it were not taken");
 }
 
-void Run(const GeneralOptions& general, const Arguments& arguments) {
+void RequireSensible(const GeneralOptions& general, const Arguments& arguments) {
     if (arguments.drawing == kStandardStream && arguments.file == kStandardStream) {
         throw WrongUsage(
             "the drawing and the file cannot both come from standard input; name a file");
     }
+    const NamedFile output{"the new drawing", arguments.write.save.output};
+    RequireApart(output, {{"the dictionary", DatabaseFileOf(general)}});
+    RequireApart({"the exchange file", arguments.file},
+                 {{"the drawing", arguments.drawing}, output});
+}
+
+void Print(const GeneralOptions& general, const Arguments& arguments, const structImportacao& rows,
+           const Report& report) {
+    Output output(general, arguments.write.save.output == kStandardStream);
+    if (output.Json()) {
+        output.Object(ToJson(rows, report));
+    } else {
+        PrintRows(output, rows);
+        PrintReport(output, report);
+    }
+    output.Finish();
+}
+
+void Run(const GeneralOptions& general, const Arguments& arguments) {
+    RequireSensible(general, arguments);
     Progress progress(general);
     Session session(general);
     progress.Phase("reading");
@@ -66,16 +87,10 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
                   arguments.languages, Keep::AllLanguages);
     const structImportacao rows = Take(arguments, table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
-    translated.Save();
-    progress.End();
-    Output output(general, arguments.write.save.output == kStandardStream);
-    if (output.Json()) {
-        output.Object(ToJson(rows, translated.GetReport()));
-    } else {
-        PrintRows(output, rows);
-        PrintReport(output, translated.GetReport());
-    }
-    output.Finish();
+    translated.Save([&] {
+        progress.End();
+        Print(general, arguments, rows, translated.GetReport());
+    });
 }
 
 }  // namespace

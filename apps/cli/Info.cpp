@@ -44,16 +44,34 @@ const char* ReleaseOf(dxf::Version version) {
     return "unknown";
 }
 
-// Of the model space and the layouts; SEQEND ends a list of parts and is no entity.
+bool IsLayout(const dxf::Store& store, dxf::RecordIndex block) {
+    dxf::GroupReader groups = store.Groups(block);
+    dxf::Group group;
+    while (groups.Next(group)) {
+        if (group.code != 2) continue;
+        const QLatin1String name(group.value.data(), static_cast<qsizetype>(group.value.size()));
+        return name.startsWith(QLatin1String("*Paper_Space"), Qt::CaseInsensitive);
+    }
+    return false;
+}
+
+// SEQEND ends a list of parts.
+bool IsEntity(dxf::RecordType type) {
+    using Type = dxf::RecordType;
+    return type != Type::Section && type != Type::Endsec && type != Type::Block &&
+           type != Type::Endblk && type != Type::Seqend;
+}
+
+// Of the model space and the layouts. All but the active layout stand among the blocks.
 std::vector<std::pair<std::string, size_t>> CountEntities(const dxf::Store& store) {
     std::map<std::string_view, size_t> counts;
+    bool inLayout = false;
     for (dxf::RecordIndex i = 0; i < store.Count(); ++i) {
         const dxf::Record& record = store.At(i);
-        const bool structure = record.type == dxf::RecordType::Section ||
-                               record.type == dxf::RecordType::Endsec ||
-                               record.type == dxf::RecordType::Seqend;
-        if (record.section != dxf::Section::Entities || structure) continue;
-        ++counts[store.TypeName(i)];
+        if (record.type == dxf::RecordType::Block) inLayout = IsLayout(store, i);
+        const bool counted = record.section == dxf::Section::Entities ||
+                             (record.section == dxf::Section::Blocks && inLayout);
+        if (counted && IsEntity(record.type)) ++counts[store.TypeName(i)];
     }
     return {counts.begin(), counts.end()};
 }
@@ -148,9 +166,13 @@ void PrintJson(Output& output, const Info& info) {
 }
 
 void Run(const GeneralOptions& general, const std::string& path) {
+    Progress progress(general);
     Session session(general);
+    progress.Phase("reading");
     session.OpenDrawing(path);
+    progress.Phase("counting");
     const Info info = Gather(session);
+    progress.End();
     Output output(general);
     if (output.Json()) {
         PrintJson(output, info);

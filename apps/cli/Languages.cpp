@@ -27,20 +27,34 @@ const Language* First(const std::vector<Language>& languages, Test test) {
     return found == languages.end() ? nullptr : &*found;
 }
 
+template <class Test>
+std::vector<const Language*> Every(const std::vector<Language>& languages, Test test) {
+    std::vector<const Language*> found;
+    for (const Language& language : languages) {
+        if (test(language)) found.push_back(&language);
+    }
+    return found;
+}
+
+std::vector<const Language*> Meant(const std::vector<Language>& languages,
+                                   const std::string& keyOrName) {
+    if (const Language* found = LanguageOfKey(languages, keyOrName)) return {found};
+    const std::u16string name = Utf16(keyOrName);
+    const auto exact =
+        Every(languages, [&](const Language& language) { return language.descr == name; });
+    if (!exact.empty()) return exact;
+    return Every(languages, [&](const Language& language) {
+        return text::CompareNoCase(language.descr, name) == 0;
+    });
+}
+
 }  // namespace
 
 bool InUse(const Language& language) { return language.use == u"1"; }
 
-const Language* FindLanguage(const std::vector<Language>& languages, const std::string& keyOrName) {
-    const std::u16string wanted = Utf16(keyOrName);
-    const auto byKey = [&](const Language& language) { return language.key == wanted; };
-    const auto byName = [&](const Language& language) { return language.descr == wanted; };
-    const auto byAnyCase = [&](const Language& language) {
-        return text::CompareNoCase(language.descr, wanted) == 0;
-    };
-    if (const Language* found = First(languages, byKey)) return found;
-    if (const Language* found = First(languages, byName)) return found;
-    return First(languages, byAnyCase);
+const Language* LanguageOfKey(const std::vector<Language>& languages, const std::string& key) {
+    const std::u16string wanted = Utf16(key);
+    return First(languages, [&](const Language& language) { return language.key == wanted; });
 }
 
 Languages::Languages() : all(traducaoTQ::IBDIdiomas().GetAllLang()) {
@@ -52,19 +66,23 @@ Languages::Languages() : all(traducaoTQ::IBDIdiomas().GetAllLang()) {
 }
 
 const Language& Languages::Find(const std::string& keyOrName) const {
-    const Language* found = FindLanguage(all, keyOrName);
-    if (!found) throw Error("unknown language \"" + keyOrName + "\"; " + Listed(all));
-    if (!InUse(*found)) {
+    auto found = Meant(all, keyOrName);
+    if (found.empty()) throw Error("unknown language \"" + keyOrName + "\"; " + Listed(all));
+    std::erase_if(found, [](const Language* language) { return !InUse(*language); });
+    if (found.empty()) {
         throw Error("the language \"" + keyOrName + "\" is not in use; " + Listed(all));
     }
-    return *found;
+    if (found.size() > 1) {
+        throw Error("several languages are named \"" + keyOrName + "\": give a key; " +
+                    Listed(all));
+    }
+    return *found.front();
 }
 
 const Language& Languages::Source(const std::string& asked, int projectLanguage) const {
     if (!asked.empty()) return Find(asked);
     if (projectLanguage > 0) {
-        const std::string key = std::to_string(projectLanguage);
-        const Language* found = FindLanguage(all, key);
+        const Language* found = LanguageOfKey(all, std::to_string(projectLanguage));
         if (found && InUse(*found)) return *found;
     }
     const Language* found = First(all, InUse);

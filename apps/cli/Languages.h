@@ -17,7 +17,8 @@ class Languages {
 
     const std::vector<Language>& All() const { return all; }
 
-    // A language in use. Throws cli::Error that lists them.
+    // A language in use, by its key, else its exact name, else its name in any case. Throws
+    // cli::Error that lists them, also when several of them bear the name.
     const Language& Find(const std::string& keyOrName) const;
 
     // What was asked for, else the project's language, else the first in use.
@@ -29,7 +30,7 @@ class Languages {
 
 bool InUse(const Language& language);
 
-// The language by key first, then by its exact name, then by its name in any case.
-const Language* FindLanguage(const std::vector<Language>& languages, const std::string& keyOrName);
+// Null when there is none.
+const Language* LanguageOfKey(const std::vector<Language>& languages, const std::string& key);
 
 }  // namespace cli

@@ -13,9 +13,11 @@ struct Arguments {
 };
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
+    Progress progress(general);
     Session session(general);
     const TranslationTable lines =
-        ReadTable(session, arguments.drawing, arguments.scan, arguments.languages);
+        ReadTable(session, arguments.drawing, arguments.scan, arguments.languages, progress);
+    progress.End();
     Table table({{"state"}, {"original"}, {"translation"}, {"objects", true}});
     for (const auto& line : lines.Lines()) {
         table.Add({StateOf(*line), Utf8(line->original), Utf8(line->traducao),

@@ -10,9 +10,6 @@ constexpr const char* kFooter =
     "Tables have a heading only on a terminal. In texts and tables tab, CR, LF and backslash are\n"
     "written \\t \\r \\n \\\\. Exit status: 0 done, 1 the work could not be done, 2 wrong usage.";
 
-// A variable of a script that is empty must not stand for "everything" or "nowhere".
-const CLI::Validator kNotEmpty(
-    [](const std::string& value) { return value.empty() ? "an empty name was given" : ""; }, "");
 const CLI::Validator kNamesSome(
     [](const std::string& list) { return SplitList(list).empty() ? "names no page" : ""; }, "");
 
@@ -23,6 +20,9 @@ std::string Complaint(const CLI::App& failed, const CLI::Error& error) {
 }
 
 }  // namespace
+
+const CLI::Validator kNotEmpty(
+    [](const std::string& value) { return value.empty() ? "an empty name was given" : ""; }, "");
 
 CommandLine::CommandLine()
     : app("Translates the texts of electrical project drawings.", "kelvara") {
@@ -37,13 +37,15 @@ CommandLine::CommandLine()
         return "kelvara: " + Complaint(*failed, error) + "; see '" + name + " --help'\n";
     });
     app.add_flag("-q,--quiet", general.quiet, "No messages and no progress");
-    app.add_flag("-v,--verbose", general.verbose, "More messages, and the log of the host");
+    app.add_flag("-v,--verbose", general.verbose,
+                 "More messages, and the lines of the log on stderr");
     app.add_flag("--progress", general.progress,
                  "The progress bar also where stderr is no terminal, for a program that reads it");
     app.add_flag("--json", general.json, "Print tables and reports as JSON");
     app.add_option("--database", general.database,
                    "The dictionary, sqlite:FILE or postgresql://USER@HOST/NAME (default: "
                    "$KELVARA_DATABASE, else a file in the user's data folder)")
+        ->check(kNotEmpty)
         ->type_name("URL");
 }
 

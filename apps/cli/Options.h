@@ -8,6 +8,9 @@
 
 namespace cli {
 
+// A variable of a script that is empty must not stand for "everything" or "nowhere".
+extern const CLI::Validator kNotEmpty;
+
 // Options that stand before or behind every command.
 struct GeneralOptions {
     bool quiet = false;

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "apps/cli/Output.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/Scan.h"
 #include "platform/drawing/DbBlockTableRecord.h"
 #include "translator/engine/ITradCad.h"
@@ -28,14 +29,18 @@ size_t TextsOn(const std::u16string& page) {
 }
 
 void Run(const GeneralOptions& general, const std::string& path) {
+    Progress progress(general);
     Session session(general);
+    progress.Phase("reading");
     OdDbDatabase& drawing = session.OpenDrawing(path);
+    progress.Phase("counting");
     Table table({{"name"}, {"description"}, {"entities", true}, {"texts", true}});
     for (const host::Page& page : session.Document().Pages().Pages()) {
         table.Add({Utf8(page.name), Utf8(page.description),
                    std::to_string(EntitiesOn(drawing, page.name)),
                    std::to_string(TextsOn(page.name))});
     }
+    progress.End();
     Output output(general);
     table.Print(output);
     output.Finish();

@@ -20,20 +20,46 @@ constexpr int kBarWidth = 40;
 
 Progress::Progress(const GeneralOptions& options)
     : patience(options.progress ? 0s : kPatience),
-      shows(!options.quiet && (options.progress || isatty(STDERR_FILENO) != 0)),
-      tells(options.verbose) {}
+      tells(options.verbose),
+      shows(!options.quiet && (options.progress || isatty(STDERR_FILENO) != 0)) {
+    if (shows) drawing = std::thread([this] { DrawAlong(); });
+}
 
 Progress::~Progress() { End(); }
 
-void Progress::End() {
-    if (drawn) std::fputs("\r\x1b[K", stderr);
-    TellDuration();
-    phase.clear();
-    shows = drawn = false;
+void Progress::DrawAlong() {
+    std::unique_lock lock(mutex);
+    const auto isOver = [this] { return !shows; };
+    for (auto next = begin + patience; !ended.wait_until(lock, next, isOver);) {
+        Draw();
+        next = Clock::now() + kPace;
+    }
 }
 
-void Progress::TellDuration() const {
+void Progress::End() {
+    {
+        const std::lock_guard lock(mutex);
+        TellDuration();
+        Erase();
+        phase.clear();
+        shows = false;
+    }
+    ended.notify_all();
+    if (drawing.joinable()) drawing.join();
+}
+
+void Progress::Phase(const std::string& name) {
+    const std::lock_guard lock(mutex);
+    TellDuration();
+    phase = name;
+    phaseBegin = Clock::now();
+    reached = 0;
+    if (shows && phaseBegin - begin >= patience) Draw();
+}
+
+void Progress::TellDuration() {
     if (!tells || phase.empty()) return;
+    Erase();
     const std::chrono::duration<double> seconds = Clock::now() - phaseBegin;
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
@@ -41,22 +67,14 @@ void Progress::TellDuration() const {
                  usage.ru_maxrss / 1024);
 }
 
-void Progress::Phase(const std::string& name) {
-    TellDuration();
-    phase = name;
-    phaseBegin = Clock::now();
-    Reached(0);
+void Progress::Erase() {
+    if (drawn) std::fputs("\r\x1b[K", stderr);
+    drawn = false;
 }
 
-void Progress::Reached(double fraction) {
-    if (!shows) return;
-    const auto now = Clock::now();
-    if (now - begin < patience || (drawn && now - last < kPace)) return;
-    last = now;
-    Draw(std::clamp(fraction, 0.0, 1.0));
-}
-
-void Progress::Draw(double fraction) {
+void Progress::Draw() {
+    if (phase.empty()) return;
+    const double fraction = std::clamp<double>(reached, 0, 1);
     const int full = static_cast<int>(fraction * kBarWidth);
     const std::string bar = std::string(static_cast<size_t>(full), '#') +
                             std::string(static_cast<size_t>(kBarWidth - full), '.');

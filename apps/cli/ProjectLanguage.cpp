@@ -43,7 +43,7 @@ std::string LanguageNames::NameOf(int key) const {
     const std::string number = std::to_string(key);
     if (!hasDatabase) return number;
     const auto languages = traducaoTQ::IBDIdiomas().GetAllLang();
-    const Language* language = FindLanguage(languages, number);
+    const Language* language = LanguageOfKey(languages, number);
     return language ? number + " " + Utf8(language->descr) : number;
 }
 

@@ -4,6 +4,7 @@
 
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/Session.h"
 
 namespace cli {
@@ -36,6 +37,7 @@ class InterruptByUser {
 };
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
+    Progress progress(general);
     Session session(general);
     Output output(general);
     session.PrintTo([&](std::u16string_view text) {
@@ -43,7 +45,9 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
         std::fwrite(utf8.data(), 1, utf8.size(), output.Result());
         std::fflush(output.Result());  // a program may run for long after it printed
     });
+    progress.Phase("reading");
     session.OpenDrawing(arguments.drawing);
+    progress.End();
     lisp::Interpreter& interpreter = session.Document().Lisp().Interpreter();
     try {
         const InterruptByUser interrupt(interpreter);

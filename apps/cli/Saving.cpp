@@ -55,19 +55,18 @@ void SaveDrawing(Session& session, const SaveOptions& options, const dxf::Store:
     }
 }
 
-Certificate SaveCertified(Session& session, const SaveOptions& options, Expectation expectation,
-                          Progress& progress) {
-    Certificate certificate;
+void SaveCertified(Session& session, const SaveOptions& options, Expectation expectation,
+                   Progress& progress, const Tell& tell) {
     progress.Phase("saving");
     SaveDrawing(session, options, [&](const std::string& path) {
         progress.Phase("certifying");
-        certificate = CertifyFile(session.Drawing().store(), path, std::move(expectation),
-                                  [&](double fraction) { progress.Reached(fraction); });
-        if (certificate.Holds()) return;
+        const Certificate certificate =
+            CertifyFile(session.Drawing().store(), path, std::move(expectation),
+                        [&](double fraction) { progress.Reached(fraction); });
+        if (certificate.Holds()) return tell(certificate);
         throw Error("the certificate of " + options.output + " fails: " + certificate.Line() +
                     " (" + certificate.firstOther + "); the output was left as it was");
     });
-    return certificate;
 }
 
 void RequireEditable(Session& session) {

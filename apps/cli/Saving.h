@@ -12,10 +12,14 @@ namespace cli {
 // replaced, or before the first byte goes to standard output, and ends the save by throwing.
 void SaveDrawing(Session& session, const SaveOptions& options, const dxf::Store::Verify& verify);
 
+// Reports a certificate that holds.
+using Tell = std::function<void(const Certificate&)>;
+
 // Saves the drawing if the new file differs from the old one by nothing but what is expected;
-// throws cli::Error, the output left as it was, if it does not.
-Certificate SaveCertified(Session& session, const SaveOptions& options, Expectation expectation,
-                          Progress& progress);
+// throws cli::Error, the output left as it was, if it does not. The report comes before the new
+// file takes its place: what tell throws leaves the output as it was, too.
+void SaveCertified(Session& session, const SaveOptions& options, Expectation expectation,
+                   Progress& progress, const Tell& tell);
 
 // Throws cli::Error for a drawing that can be read but not safely edited.
 void RequireEditable(Session& session);

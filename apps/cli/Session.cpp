@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "host/DatabaseUrl.h"
 #include "host/Dictionary.h"
 #include "host/Error.h"
 #include "host/Host.h"
@@ -32,8 +33,15 @@ std::string DatabaseUrlOf(const GeneralOptions& options) {
     return host::Settings(host::Settings::DefaultFileName()).DatabaseUrl().toStdString();
 }
 
+std::string DatabaseFileOf(const GeneralOptions& options) {
+    return host::ParseDatabaseUrl(QString::fromStdString(DatabaseUrlOf(options)))
+        .file.toStdString();
+}
+
 Session::Session(const GeneralOptions& options) : options(options) {
     host::HostOptions hostOptions;
+    hostOptions.logFile = host::Log::DefaultFileName();
+    hostOptions.logOpens = host::Log::Opens::ForTheFirstLine;
     hostOptions.logToStderr = options.verbose;
     hostOptions.databaseUrl = QString::fromStdString(DatabaseUrlOf(options));
     hostOptions.choosePages = [this](host::Document&, const std::vector<host::Page>& all) {

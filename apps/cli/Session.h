@@ -60,6 +60,9 @@ bool NamesDatabase(const GeneralOptions& options);
 // The URL that a command works on: the option, $KELVARA_DATABASE, the settings, the user's folder.
 std::string DatabaseUrlOf(const GeneralOptions& options);
 
+// The file of that dictionary; empty where a server keeps it. Throws host::Error for no URL.
+std::string DatabaseFileOf(const GeneralOptions& options);
+
 // Ends the process with success, after everything was written that is to be: the memory of a large
 // drawing goes back as a whole, which takes a fraction of the time that freeing it takes. Returns
 // where a sanitizer is to look for leaks.

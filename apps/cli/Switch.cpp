@@ -91,14 +91,24 @@ void PrintText(Output& output, const LanguageSwitch& change,
     }
 }
 
-Certificate Save(const Arguments& arguments, Session& session, const LanguageSwitch& change,
-                 int target, Progress& progress) {
+void Save(const Arguments& arguments, Session& session, const LanguageSwitch& change, int target,
+          Progress& progress, const Tell& tell) {
     session.SetProjectLanguage(target);
     Expectation expectation;
     expectation.texts = change.Expected();
     expectation.recordKeys = RecordKeys();
     expectation.wires = true;
-    return SaveCertified(session, arguments.save, std::move(expectation), progress);
+    SaveCertified(session, arguments.save, std::move(expectation), progress, tell);
+}
+
+void Print(Output output, const LanguageSwitch& change,
+           const std::optional<Certificate>& certificate) {
+    if (output.Json()) {
+        output.Object(ToJson(change, certificate));
+    } else {
+        PrintText(output, change, certificate);
+    }
+    output.Finish();
 }
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
@@ -117,19 +127,15 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     progress.Phase("switching there and back");
     LanguageSwitch change(session.Drawing(), LanguageOf(names, source), LanguageOf(names, target));
     change.Run(*list);
-    std::optional<Certificate> certificate;
-    if (!arguments.save.output.empty()) {
-        certificate = Save(arguments, session, change, target, progress);
-    }
-    progress.Phase("reporting");
-    Output output(general, arguments.save.output == "-");
-    if (output.Json()) {
-        output.Object(ToJson(change, certificate));
+    const auto tell = [&](const std::optional<Certificate>& certificate) {
+        progress.End();
+        Print(Output(general, arguments.save.output == kStandardStream), change, certificate);
+    };
+    if (arguments.save.output.empty()) {
+        tell(std::nullopt);
     } else {
-        PrintText(output, change, certificate);
+        Save(arguments, session, change, target, progress, tell);
     }
-    output.Finish();
-    progress.End();
     EndProcess();
 }
 
@@ -143,7 +149,9 @@ void RegisterSwitch(CommandLine& line) {
                  "which texts the way back would not restore",
                  [&line, arguments] { Run(line.general, *arguments); });
     AddDrawing(*command, arguments->drawing);
-    command->add_option("--to", arguments->to, "The new language, by key or by name")->required();
+    command->add_option("--to", arguments->to, "The new language, by key or by name")
+        ->required()
+        ->check(kNotEmpty);
     command->add_flag("--strict", arguments->strict,
                       "The scan of the CAD commands: fails at the first entity of a page that is "
                       "no block reference");

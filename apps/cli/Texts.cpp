@@ -2,6 +2,7 @@
 #include <QJsonObject>
 
 #include "apps/cli/Output.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/Scan.h"
 
 namespace cli {
@@ -28,9 +29,13 @@ void PrintLine(Output& output, const traducaoTQ::ETraduzivel& object) {
 }
 
 void Run(const GeneralOptions& general, const Arguments& arguments) {
+    Progress progress(general);
     Session session(general);
+    progress.Phase("reading");
     session.OpenDrawing(arguments.drawing);
+    progress.Phase("scanning");
     const auto objects = Scan(session, arguments.scan).Run();
+    progress.End();
     Output output(general);
     if (output.Json()) {
         JsonArray array(output.Result());

@@ -2,6 +2,7 @@
 #include "apps/cli/Csv.h"
 #include "apps/cli/Failure.h"
 #include "apps/cli/Output.h"
+#include "apps/cli/Paths.h"
 #include "apps/cli/TranslatedDrawing.h"
 
 namespace cli {
@@ -29,11 +30,30 @@ std::string ToCsv(const TranslationTable& table) {
     return csv;
 }
 
-void Run(const GeneralOptions& general, const Arguments& arguments) {
+void RequireSensible(const GeneralOptions& general, const Arguments& arguments) {
     if (arguments.write.save.output == arguments.csv && arguments.FillsStdout()) {
         throw WrongUsage(
             "the drawing and the table cannot both go to standard output; name a file");
     }
+    const NamedFile output{"the new drawing", arguments.write.save.output};
+    const NamedFile dictionary{"the dictionary", DatabaseFileOf(general)};
+    RequireApart(output, {dictionary});
+    RequireApart({"the table", arguments.csv},
+                 {{"the drawing", arguments.drawing}, output, dictionary});
+}
+
+void Print(const GeneralOptions& general, const Arguments& arguments, const Report& report) {
+    Output output(general, arguments.FillsStdout());
+    if (output.Json()) {
+        output.Object(ToJson(report));
+    } else {
+        PrintReport(output, report);
+    }
+    output.Finish();
+}
+
+void Run(const GeneralOptions& general, const Arguments& arguments) {
+    RequireSensible(general, arguments);
     Progress progress(general);
     Session session(general);
     progress.Phase("reading");
@@ -50,20 +70,16 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     session.CloseDatabase();
     const std::string csv = arguments.csv.empty() ? std::string() : ToCsv(table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
-    if (arguments.csv.empty()) {
-        translated.Save();
+    const auto tell = [&] {
+        progress.End();
+        if (arguments.csv == kStandardStream) WriteTable(arguments.csv, csv);
+        Print(general, arguments, translated.GetReport());
+    };
+    if (arguments.csv.empty() || arguments.csv == kStandardStream) {
+        translated.Save(tell);
     } else {
-        WriteTable(arguments.csv, csv, [&] { translated.Save(); });
+        WriteTable(arguments.csv, csv, [&] { translated.Save(tell); });
     }
-    progress.End();
-    Output output(general, arguments.FillsStdout());
-    if (output.Json()) {
-        output.Object(ToJson(translated.GetReport()));
-    } else {
-        PrintReport(output, translated.GetReport());
-    }
-    output.Finish();
-    progress.End();
     EndProcess();
 }
 
@@ -80,9 +96,11 @@ void RegisterTranslate(CommandLine& line) {
     command->get_option("--to")->required();
     AddWriteOptions(*command, arguments->write);
     AddScanOptions(*command, arguments->scan);
-    command->add_option("--csv", arguments->csv,
-                        "Write the table of lines (state, original, translation, objects) to a "
-                        "file, as UTF-8 CSV; - writes standard output");
+    command
+        ->add_option("--csv", arguments->csv,
+                     "Write the table of lines (state, original, translation, objects) to a "
+                     "file, as UTF-8 CSV; - writes standard output")
+        ->check(kNotEmpty);
 }
 
 }  // namespace cli

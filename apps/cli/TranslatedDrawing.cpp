@@ -53,9 +53,13 @@ void TranslatedDrawing::Write(TranslationTable& table) {
     }
 }
 
-void TranslatedDrawing::Save() {
-    if (write.save.output.empty()) return;
-    report.certificate = SaveCertified(session, write.save, std::move(expectation), progress);
+void TranslatedDrawing::Save(const std::function<void()>& tell) {
+    if (write.save.output.empty()) return tell();
+    SaveCertified(session, write.save, std::move(expectation), progress,
+                  [&](const Certificate& certificate) {
+                      report.certificate = certificate;
+                      tell();
+                  });
 }
 
 QJsonObject ToJson(const Report& report) {

@@ -33,7 +33,9 @@ class TranslatedDrawing {
   public:
     TranslatedDrawing(Session& session, TranslationTable& table, const WriteOptions& write,
                       Progress& progress);
-    void Save();
+    // Calls tell once the report is complete, before the new drawing takes its place: what it
+    // throws leaves the output as it was.
+    void Save(const std::function<void()>& tell);
     const Report& GetReport() const { return report; }
 
   private:

@@ -30,6 +30,11 @@ void KeepColumns(structTraducoes& dictionary, const std::vector<TQString>& langu
     }
 }
 
+std::vector<Language> InUseOf(std::vector<Language> languages) {
+    std::erase_if(languages, [](const Language& language) { return !InUse(language); });
+    return languages;
+}
+
 void ChooseLanguages(TranslationTable& table, const LanguageOptions& options, int projectLanguage) {
     const Languages languages;
     table.from = languages.Source(options.from, projectLanguage);
@@ -48,10 +53,11 @@ Awaited<Dictionary> ReadDictionary(Session& session, const LanguageOptions& opti
         const Languages languages;
         Dictionary dictionary{languages.All(), nullptr};
         const bool bothNamed = !options.from.empty() && !options.to.empty();
-        dictionary.terms = keep == Keep::SourceAndTarget && bothNamed
-                               ? traducaoTQ::IBDIdiomas().GetTerms(
-                                     {languages.Find(options.from), languages.Find(options.to)})
-                               : traducaoTQ::IBDIdiomas().GetTerms();
+        auto columns = keep == Keep::SourceAndTarget && bothNamed
+                           ? std::vector{languages.Find(options.from), languages.Find(options.to)}
+                           : InUseOf(languages.All());
+        for (Language& column : columns) column.descr = column.key;
+        dictionary.terms = traducaoTQ::IBDIdiomas().GetTerms(std::move(columns));
         if (!dictionary.terms) session.RequireReadableTerms();
         return dictionary;
     });
@@ -65,22 +71,25 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
     table.table.traducoes = std::move(dictionary.terms);
     ChooseLanguages(table, options, session.ProjectLanguage());
     if (keep == Keep::SourceAndTarget && table.to && table.table.traducoes) {
-        KeepColumns(*table.table.traducoes, {table.from.descr, table.to->descr});
+        KeepColumns(*table.table.traducoes, {table.from.key, table.to->key});
     }
     table.objects = std::move(objects);
     table.table.fazerAmbos = SideBySide<std::function<void()>, std::function<void()>>;
     table.table.AgruparExpressoes(*table.objects,
                                   traducaoTQ::ITabelaExpressoes::Textos::VaoParaAsLinhas);
     table.table.AtualizarExpressoes(
-        table.from.descr, table.to ? std::optional<TQString>(table.to->descr) : std::nullopt);
+        table.from.key, table.to ? std::optional<TQString>(table.to->key) : std::nullopt);
     return table;
 }
 
 TranslationTable ReadTable(Session& session, const std::string& drawing, const ScanOptions& scan,
-                           const LanguageOptions& options) {
+                           const LanguageOptions& options, Progress& progress) {
+    progress.Phase("reading");
     auto dictionary = ReadDictionary(session, options, Keep::SourceAndTarget);
     session.OpenDrawing(drawing);
+    progress.Phase("scanning");
     auto objects = Scan(session, scan).Run();
+    progress.Phase("matching");
     return MakeTable(session, dictionary.Get(), std::move(objects), options, Keep::SourceAndTarget);
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "apps/cli/Languages.h"
+#include "apps/cli/Progress.h"
 #include "apps/cli/Scan.h"
 #include "apps/cli/SecondThread.h"
 #include "translator/dialogs/ITabelaExpressoes.h"
@@ -29,8 +30,10 @@ struct TranslationTable {
 // stay in memory.
 enum class Keep { AllLanguages, SourceAndTarget };
 struct Dictionary {
-    std::vector<Language> languages;                                 // all of them
-    std::unique_ptr<traducaoTQ::IBDIdiomas::structTraducoes> terms;  // null: none are asked for
+    std::vector<Language> languages;  // all of them
+    // Their columns bear keys for names, since two languages may have one name. Null: there are
+    // none, or none are asked for.
+    std::unique_ptr<traducaoTQ::IBDIdiomas::structTraducoes> terms;
 };
 
 // Opens the session's dictionary, and reads it on the second thread from then on. The session must
@@ -44,7 +47,7 @@ TranslationTable MakeTable(Session& session, Dictionary dictionary,
 
 // All of it, for a command that only looks: opens dictionary and drawing, scans, groups, matches.
 TranslationTable ReadTable(Session& session, const std::string& drawing, const ScanOptions& scan,
-                           const LanguageOptions& options);
+                           const LanguageOptions& options, Progress& progress);
 
 const char* StateOf(const structExpressao& line);  // "untranslated", "automatic", ...
 

@@ -3,7 +3,6 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include "apps/desktop/FailureText.h"
 #include "apps/desktop/LispWatch.h"
@@ -14,11 +13,6 @@
 namespace desktop {
 
 namespace {
-
-QString DefaultLogFile() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-           "/kelvara/kelvara.log";
-}
 
 // Beside the program where it is installed, in lib/ beside bin/ where it is built.
 QString DefaultModule() {
@@ -41,7 +35,7 @@ class Busy {
 }  // namespace
 
 Desktop::Desktop(const DesktopOptions& options)
-    : logFile(options.logFile.isEmpty() ? DefaultLogFile() : options.logFile),
+    : logFile(options.logFile.isEmpty() ? host::Log::DefaultFileName() : options.logFile),
       module(options.module.isEmpty() ? DefaultModule() : options.module),
       watch(std::make_unique<LispWatch>()),
       host(std::make_unique<host::Host>(HostOptionsOf(options))) {

@@ -3,6 +3,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 
 std::string ReadFile(const std::string& path) {
     QFile file(QString::fromStdString(path));
@@ -73,6 +75,16 @@ void CliTest::MakeDictionary(const std::string& csv) {
     ASSERT_EQ(made.status, 0) << made.err;
     made = Run(database + QStringList{"db", "import", "terms.csv"});
     ASSERT_EQ(made.status, 0) << made.err;
+}
+
+void CliTest::Change(const char* name, const char* statement) {
+    {
+        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", name);
+        database.setDatabaseName(QString::fromStdString(Path(name)));
+        ASSERT_TRUE(database.open());
+        ASSERT_TRUE(QSqlQuery(database).exec(statement));
+    }
+    QSqlDatabase::removeDatabase(name);
 }
 
 bool IsOneErrorLine(const std::string& err) {

@@ -26,6 +26,8 @@ class CliTest : public testing::Test {
 
     // A dictionary Português, English, Deutsch with a few terms, as "sqlite:d.sqlite".
     void MakeDictionary(const std::string& csv);
+    // What no command does to a database in a file.
+    void Change(const char* database, const char* statement);
 
     QTemporaryDir folder;
 };

@@ -1,4 +1,6 @@
 // The commands one by one: what they print and with which status they end.
+#include <QFile>
+
 #include "tests/cli/CliRun.h"
 #include "tests/cli/SampleDrawing.h"
 #include "tests/support/PostgresServer.h"
@@ -40,11 +42,6 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"MissingDrawing", {"info"}, 2, "", "DRAWING is required"},
         Case{"TranslateWithoutTarget", {"translate", "in.dxf"}, 2, "", "--to is required"},
         Case{"StrictAndLayer0", {"texts", "in.dxf", "--strict", "--layer-0"}, 2, "", "excludes"},
-        Case{"EmptyOutput",
-             {"translate", "in.dxf", "--to", "1", "-o", ""},
-             2,
-             "",
-             "an empty name was given"},
         Case{"NoPageNamed", {"texts", "in.dxf", "--pages", ","}, 2, "", "names no page"},
         Case{"TwoThingsFromStdin", {"import", "-", "-", "--to", "1"}, 2, "", "standard input"},
         Case{"TwoThingsToStdout",
@@ -67,10 +64,10 @@ INSTANTIATE_TEST_SUITE_P(
              "virtual-attribute\t52_V\tSinal\n",
              ""},
         Case{"AttributesAlone",
-             {"texts", "in.dxf", "--no-texts"},
+             {"texts", "in.dxf", "--no-texts", "--progress"},
              0,
              "attribute\t33\tMotor\nwire\t35\tCabo\nvirtual-attribute\t52_V\tSinal\n",
-             ""},
+             "scanning [........................................]   0 %"},
         Case{"TextsAlone",
              {"texts", "in.dxf", "--no-attributes", "--pages", "P2", "--quiet"},
              0,
@@ -105,6 +102,58 @@ INSTANTIATE_TEST_SUITE_P(
              "(P1 P2)",
              ""}),
     Name);
+
+using Usage = CliTest;
+
+TEST_F(Usage, EmptyNamesAndFilesNamedTwiceAreRefused) {
+    Write("in.dxf", SampleDrawing());
+    Write("lines.csv", "Motor;Antrieb\r\n");
+    ASSERT_TRUE(QFile::link("in.dxf", QString::fromStdString(Path("link.dxf"))));
+    MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
+    const std::string dictionary = Read("d.sqlite");
+    const QStringList before = Files();
+    const QStringList translate{"translate", "in.dxf", "--to", "3"};
+    const QStringList import{"import", "in.dxf", "lines.csv", "--to", "3"};
+    const QList<QStringList> cases{
+        translate + QStringList{"-o", ""},
+        translate + QStringList{"--csv", ""},
+        {"project", "in.dxf", "--language", ""},
+        {"copy", "in.dxf", ""},
+        {"copy", "", "out.dxf"},
+        {"switch", "in.dxf", "--to", ""},
+        {"db", "init", "--languages", ""},
+        {"db", "add-language", ""},
+        {"db", "terms", "--to-csv", ""},
+        {"db", "import", ""},
+        {"pages", "in.dxf", "--database", ""},
+        translate + QStringList{"--csv", "link.dxf"},
+        translate + QStringList{"-o", "new.dxf", "--csv", folder.filePath("./new.dxf")},
+        translate + QStringList{"-o", "d.sqlite"},
+        import + QStringList{"-o", "lines.csv"},
+        {"import", "in.dxf", "in.dxf", "--to", "3"},
+        {"export", "in.dxf", "./in.dxf", "--to", "3"},
+        {"db", "terms", "--to-csv", "d.sqlite"},
+    };
+    for (const QStringList& arguments : cases) {
+        const bool names = arguments.contains("--database");
+        const CliResult result =
+            Run(names ? arguments : arguments + QStringList{"--database", "sqlite:d.sqlite"});
+        EXPECT_EQ(result.status, 2) << arguments.join(' ').toStdString();
+        EXPECT_TRUE(IsOneErrorLine(result.err)) << result.err;
+        EXPECT_EQ(result.out, "");
+    }
+    EXPECT_EQ(Files(), before);
+    EXPECT_EQ(Read("in.dxf"), SampleDrawing());
+    EXPECT_EQ(Read("d.sqlite"), dictionary);
+}
+
+TEST_F(Usage, InfoCountsTheEntitiesOfEveryLayout) {
+    Write("in.dxf", Replaced(SampleDrawing(), Groups("0 BLOCK\n5 1E"),
+                             Groups("0 BLOCK\n5 80\n8 0\n2 *Paper_Space0\n70 0\n0 LINE\n5 81\n8 "
+                                    "0\n0 ENDBLK\n5 82\n8 0\n0 BLOCK\n5 1E")));
+    const std::string info = Run({"info", "in.dxf"}).out;
+    EXPECT_NE(info.find("LINE 2\n"), std::string::npos) << info;
+}
 
 using ServerDb = CliTest;
 

@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 #include <csignal>
 
+#include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
@@ -35,16 +36,6 @@ class Failure : public CliTest, public testing::WithParamInterface<Case> {
         Change("foreign.sqlite", "create table ORDERS (ID integer)");
         Change("noterms.sqlite", "drop table BDTRANSLATOR");
         Change("nocolumn.sqlite", "alter table BDTRANSLATOR drop column LANGUAGE3");
-    }
-
-    void Change(const char* file, const char* statement) {
-        {
-            QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", file);
-            database.setDatabaseName(QString::fromStdString(Path(file)));
-            ASSERT_TRUE(database.open());
-            ASSERT_TRUE(QSqlQuery(database).exec(statement));
-        }
-        QSqlDatabase::removeDatabase(file);
     }
 };
 
@@ -170,14 +161,37 @@ TEST_F(Hardship, AFullDiskLeavesTheOldFiles) {
     EXPECT_EQ(Read("old.csv"), "what was there before");
 }
 
-TEST_F(Hardship, AResultThatCannotBeWrittenIsAFailure) {
+TEST_F(Hardship, AResultThatCannotBeWrittenLeavesEverythingAsItWas) {
     Write("in.dxf", SampleDrawing());
-    QProcess process;
-    process.setStandardOutputFile("/dev/full");
-    Start(process, {"texts", "in.dxf"});
-    ASSERT_TRUE(process.waitForFinished());
-    EXPECT_EQ(process.exitCode(), 1);
-    EXPECT_TRUE(IsOneErrorLine(process.readAllStandardError().toStdString()));
+    Write("lines.csv", "Motor;Antrieb\r\n");
+    Write("more.csv", "Português\nBomba\n");
+    MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
+    const QStringList database{"--database", "sqlite:d.sqlite"}, to{"--to", "3", "-o", "o.dxf"};
+    const QStringList record{"translate", "in.dxf", "--to", "2", "--record", "-o", "recorded.dxf"};
+    ASSERT_EQ(Run(database + record).status, 0);
+    const QStringList before = Files();
+    const QList<QStringList> cases{
+        {"texts", "in.dxf"},
+        QStringList{"translate", "in.dxf", "--csv", "o.csv"} + to,
+        QStringList{"translate", "in.dxf", "--csv", "-"} + to,
+        QStringList{"import", "in.dxf", "lines.csv"} + to,
+        QStringList{"switch", "recorded.dxf"} + to,
+        {"export", "in.dxf", "o.csv", "--to", "3"},
+        {"project", "in.dxf", "--language", "3", "-o", "o.dxf"},
+        {"db", "import", "more.csv"},
+        {"db", "add-language", "Français"},
+    };
+    for (const QStringList& arguments : cases) {
+        QProcess process;
+        process.setStandardOutputFile("/dev/full");
+        Start(process, database + arguments);
+        ASSERT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitCode(), 1) << arguments.join(' ').toStdString();
+        const std::string err = process.readAllStandardError().toStdString();
+        EXPECT_TRUE(IsOneErrorLine(err)) << err;
+    }
+    EXPECT_EQ(Files(), before);
+    EXPECT_EQ(Run(database + QStringList{"db", "terms"}).out, "1  Motor  Motor  Antrieb\n");
 }
 
 TEST_F(Hardship, AProgramKilledDuringASaveLeavesTheOldFileOrTheNewOne) {
@@ -198,6 +212,15 @@ TEST_F(Hardship, AProgramKilledDuringASaveLeavesTheOldFileOrTheNewOne) {
     }
     EXPECT_LT(replaced, 17) << "no run was killed before its end";
     EXPECT_LE(left, 1) << "temporary files, which may only stay in the moment of the rename";
+}
+
+TEST_F(Hardship, AFailedQueryStandsInTheLog) {
+    Write("in.dxf", SampleDrawing());
+    MakeDictionary("Português,English,Deutsch\nMotor,Motor,Antrieb\n");
+    EXPECT_FALSE(QFile::exists(folder.filePath("kelvara/kelvara.log"))) << "nothing to say";
+    Change("d.sqlite", "alter table BDTRANSLATOR drop column LANGUAGE3");
+    EXPECT_EQ(Run(Translating("in.dxf", "out.dxf")).status, 1);
+    EXPECT_NE(Read("kelvara/kelvara.log").find("no such column"), std::string::npos);
 }
 
 TEST_F(Hardship, ALockedDictionaryIsAMessage) {

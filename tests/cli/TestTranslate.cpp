@@ -149,6 +149,26 @@ TEST_F(Translate, LinesAndTheirCsvAgree) {
               "automatic,Cabo,Kabel,1\r\nautomatic,Sinal,Signal,1\r\n");
 }
 
+TEST_F(Translate, OfTwoLanguagesWithOneNameTheKeyTellsWhichIsMeant) {
+    Change("d.sqlite", "update BDLANGUAGE set LANG_DESCR = 'Deutsch' where LANG_KEY = '2'");
+    for (const QStringList& from : {QStringList{}, QStringList{"--from", "1"}}) {
+        const QStringList lines = kDatabase + QStringList{"lines", "in.dxf"} + from;
+        EXPECT_NE(Run(lines + QStringList{"--to", "2"}).out.find("Pump "), std::string::npos);
+        EXPECT_NE(Run(lines + QStringList{"--to", "3"}).out.find("Pumpe "), std::string::npos);
+    }
+    const QStringList record{"translate", "in.dxf", "--to", "3", "--record", "-o", "out.dxf"};
+    EXPECT_EQ(Run(kDatabase + record).status, 0);
+    EXPECT_EQ(Run({"texts", "out.dxf"}).out, kGerman);
+    const CliResult named = Translation({});
+    EXPECT_EQ(named.status, 1);
+    EXPECT_NE(named.err.find("several languages are named \"Deutsch\""), std::string::npos);
+    EXPECT_NE(Run(kDatabase + QStringList{"db", "check"}).out.find("doubled-language"),
+              std::string::npos);
+    Run(kDatabase + QStringList{"db", "terms", "--to-csv", "terms.csv"});
+    EXPECT_NE(Run(kDatabase + QStringList{"db", "import", "terms.csv"}).out.find("unchanged  5"),
+              std::string::npos);
+}
+
 TEST_F(Translate, OldDrawingsAreTranslatedButHoldNoRecords) {
     Write("in.dxf", OldDrawing());
     const CliResult refused = Translation({"--record", "-o", "out.dxf"});
