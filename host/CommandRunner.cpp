@@ -97,15 +97,14 @@ void CommandRunner::RunRecorded(CKVCommand& command, CMxCommandContext& context,
         return;
     }
     drawing->startUndoRecord(command.GetName());
-    std::exception_ptr failure;
-    try {
-        command.Run(&context);
-    } catch (...) {
-        failure = std::current_exception();
-    }
+    const auto failure = FailureOf([&] { command.Run(&context); });
     // What the command changed last is written only here, which may fail as the command may.
-    drawing->endUndoRecord();
-    if (failure) std::rethrow_exception(failure);
+    const auto afterwards = FailureOf([&] { drawing->endUndoRecord(); });
+    if (failure && afterwards) {
+        electricalLog(command.GetName().text() + u" : " + FailureLine(afterwards),
+                      ACTIVE_DOCUMENT());
+    }
+    if (failure || afterwards) std::rethrow_exception(failure ? failure : afterwards);
 }
 
 void CommandRunner::Report(const OdString& name, const std::u16string& failure,

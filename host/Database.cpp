@@ -21,7 +21,6 @@ constexpr std::chrono::milliseconds kLongestTransaction{1000};
 // Behind a long one they get their turn: SQLite lets them look again after 100 ms at the latest.
 constexpr std::chrono::milliseconds kPause{120};
 
-const QString kCommit = QStringLiteral("COMMIT");
 // Around each statement of a transaction: where one that fails spoils the transaction, the writes
 // before it stand nevertheless.
 const QString kSavepoint = QStringLiteral("SAVEPOINT KELVARA");
@@ -36,20 +35,21 @@ QString ValuesOf(const QSqlQuery& query) {
     return values.join(QLatin1String(", "));
 }
 
+// Takes a connection out of Qt's list again; those who use it must have ended.
+struct ConnectionName {
+    QString name;
+    ~ConnectionName() { QSqlDatabase::removeDatabase(name); }
+};
+
 // The statement and its values. An empty database in memory takes them as well as any, and asking
 // the one in use could fail once more, or spoil an open transaction.
 QString Described(const CKVQuery& query) {
-    const QString name = QStringLiteral("kelvara-memory-%1").arg(quintptr(&query));
-    QString text;
-    {
-        QSqlDatabase memory = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-        memory.setDatabaseName(":memory:");
-        memory.open();
-        const QSqlQuery prepared = query.Prepare(memory);
-        text = QStringLiteral("%1; values: %2").arg(prepared.lastQuery(), ValuesOf(prepared));
-    }
-    QSqlDatabase::removeDatabase(name);
-    return text;
+    const ConnectionName named{QStringLiteral("kelvara-memory-%1").arg(quintptr(&query))};
+    QSqlDatabase memory = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), named.name);
+    memory.setDatabaseName(":memory:");
+    memory.open();
+    const QSqlQuery prepared = query.Prepare(memory);
+    return QStringLiteral("%1; values: %2").arg(prepared.lastQuery(), ValuesOf(prepared));
 }
 
 }  // namespace
@@ -57,13 +57,14 @@ QString Described(const CKVQuery& query) {
 Database::Database(const QString& url, OnMissing onMissing, LogLine log,
                    std::chrono::milliseconds busyTimeout)
     : url(url), onMissing(onMissing), log(std::move(log)), busyTimeout(busyTimeout) {
-    queue.emplace([this] { EndBurst(); }, kIdleAfter);
+    queue.emplace([this] { return EndBurst(); }, kIdleAfter);
 }
 
 Database::~Database() {
     // A connection ends on the thread that made it.
     queue->Submit([this] {
-        CommitWrites();
+        if (writing) BePatient(true);
+        CommitWrites(Then::Close);
         connection.reset();
     });
     queue.reset();
@@ -136,6 +137,7 @@ void Database::Connect() {
         unreachable = QString::fromUtf8(error.what());
         throw;
     }
+    patient = true;
     onMissing = OnMissing::Refuse;  // a dictionary that has gone is not replaced by an empty one
 }
 
@@ -199,34 +201,47 @@ QSqlError Database::BeginWriting() {
     const QSqlError error = connection->Begin();
     writing = !error.isValid();
     begun = std::chrono::steady_clock::now();
-    if (!writing && patient) {
-        connection->SetBusyTimeout(std::chrono::milliseconds(0));
-        patient = false;
-    }
+    BePatient(writing);
     return error;
 }
 
-void Database::CommitWrites() {
+void Database::BePatient(bool wanted) {
+    if (patient == wanted) return;
+    patient = wanted;
+    if (connection)
+        connection->SetBusyTimeout(patient ? busyTimeout : std::chrono::milliseconds(0));
+}
+
+void Database::CommitWrites(Then then) {
     if (!writing) return;
     try {
-        QSqlError error = connection->Try(kCommit);
+        QSqlError error = connection->Commit();
         for (int n = 0; n < kMostOutages && error.isValid() && connection->IsLost(); ++n) {
             Reconnect();
-            error = writing ? connection->Try(kCommit) : QSqlError();
+            error = writing ? connection->Commit() : QSqlError();
         }
+        if (then == Then::GoOn && connection->Dialect().MayCommitLater(error))
+            return WaitForReaders();
         if (error.isValid()) return GiveUp(connection->Describe(error));
     } catch (const Error&) {
         return;  // every write is in the log
     }
     writing = false;
     uncommitted.clear();
+    BePatient(true);
 }
 
-void Database::EndBurst() {
-    if (!patient && connection) connection->SetBusyTimeout(busyTimeout);
-    patient = true;
+// A file takes a commit only when nobody is in the middle of reading it.
+void Database::WaitForReaders() {
+    BePatient(false);
+    begun = std::chrono::steady_clock::now();
+}
+
+bool Database::EndBurst() {
     CommitWrites();
+    if (!writing) BePatient(true);
     unreachable.clear();
+    return !writing;
 }
 
 CKVQueryResponse Database::Execute(const std::shared_ptr<CKVQuery>& query) {
@@ -249,7 +264,7 @@ CKVQueryResponse Database::ExecuteConnected(const std::shared_ptr<CKVQuery>& que
     Settle(query, response);
     if (writing && std::chrono::steady_clock::now() > begun + kLongestTransaction) {
         CommitWrites();
-        std::this_thread::sleep_for(kPause);
+        if (!writing) std::this_thread::sleep_for(kPause);
     }
     return response;
 }
@@ -280,6 +295,7 @@ void Database::Settle(const std::shared_ptr<CKVQuery>& query, const CKVQueryResp
 void Database::GiveUp(const QString& reason) {
     // Also when the database has rolled back by itself, and there is nothing left to roll back.
     connection->Try(QStringLiteral("ROLLBACK"));
+    if (patient) connection->SetBusyTimeout(busyTimeout);  // a server rolls that back too
     writing = false;
     for (const auto& write : std::exchange(uncommitted, {})) LogFailure(*write, reason);
 }

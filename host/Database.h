@@ -13,9 +13,10 @@
 namespace host {
 
 // The writes of a burst share a transaction. It is committed when the queue falls idle, by Commit,
-// and at the end. A query that fails is logged with its statement and its values, and so is every
-// write of a transaction that could not be committed. A connection that broke is made again by the
-// next query, and what the open transaction held is repeated.
+// and at the end; one that must wait for readers is tried again until then. A query that fails is
+// logged with its statement and its values, and so is every write of a transaction that could not
+// be committed. A connection that broke is made again by the next query, and what the open
+// transaction held is repeated.
 class Database : public CKVDatabase {
   public:
     using LogLine = std::function<void(const QString&)>;  // called on the worker thread
@@ -26,8 +27,9 @@ class Database : public CKVDatabase {
              std::chrono::milliseconds busyTimeout = kBusyTimeout);
     ~Database() override;  // runs what is queued, commits, closes
 
-    void Open();    // throws host::Error when the database cannot be used
-    void Commit();  // returns when everything submitted so far is stored, or in the log
+    void Open();  // throws host::Error when the database cannot be used
+    // Returns when everything submitted so far is stored, in the log, or waits for readers.
+    void Commit();
 
     CKVQueryResponse ExecuteSync(std::shared_ptr<CKVQuery> query) override;
     // The future tells of the statement, not of the commit that follows.
@@ -44,8 +46,11 @@ class Database : public CKVDatabase {
     void Forget();
     void Repeat(const Writes& writes, const QString& transaction);  // throws host::Error
     QSqlError BeginWriting();
-    void CommitWrites();
-    void EndBurst();
+    enum class Then { GoOn, Close };
+    void CommitWrites(Then then = Then::GoOn);
+    void WaitForReaders();
+    bool EndBurst();  // whether nothing is left to commit
+    void BePatient(bool wanted);
     CKVQueryResponse Execute(const std::shared_ptr<CKVQuery>& query);
     CKVQueryResponse ExecuteConnected(const std::shared_ptr<CKVQuery>& query);
     CKVQueryResponse Attempt(const CKVQuery& query);
@@ -65,7 +70,7 @@ class Database : public CKVDatabase {
     std::chrono::steady_clock::time_point begun;
     Writes uncommitted;  // what it holds
     // So that the rest of a burst need not wait for the same lock or server as long again:
-    bool patient = true;  // false after a lock that did not go away
+    bool patient = true;  // false after a lock that does not go away
     QString unreachable;  // why the database could not be opened
 
     std::optional<WorkQueue> queue;  // last: its thread uses all of the others

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 
+#include "host/FailureLine.h"
+#include "platform/kernel/KVServices.h"
+
 namespace host {
 
 DocumentManager::DocumentManager(TextSink print, Prepare prepare)
@@ -89,11 +92,17 @@ void DocumentManager::PopResourceHandle() {
     if (!resources.empty()) resources.pop_back();
 }
 
-// A reactor may come or go while the others are told.
+// A reactor may come or go while the others are told. What one raises does not leave the document
+// half made, nor the others without the event.
 void DocumentManager::Tell(Reaction reaction, CMxDocument* document) {
     for (CMxDocumentManagerReactor* reactor : std::vector(reactors)) {
         const bool stays = std::find(reactors.begin(), reactors.end(), reactor) != reactors.end();
-        if (stays) (reactor->*reaction)(document);
+        if (!stays) continue;
+        try {
+            (reactor->*reaction)(document);
+        } catch (...) {  // the document may be gone, so that the line names none
+            electricalLog(u"DocumentManager : " + FailureLine(std::current_exception()), nullptr);
+        }
     }
 }
 

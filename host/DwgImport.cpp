@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <filesystem>
+#include <fstream>
 
 #include "host/Error.h"
 #include "platform/drawing/OdError.h"
@@ -63,19 +65,22 @@ OdDbDatabasePtr ReadConverted(const std::string& drawing, const QString& out) {
         const QString reason = QString::fromStdU16String(error.description().text());
         throw Failure(drawing, "the converter wrote no DXF drawing: " + reason);
     }
-    if (converted->isReadOnly()) throw Failure(drawing, "the converter wrote half a drawing");
+    const dxf::Store& store = converted->store();
+    const bool hasEnd = store.At(store.FileCount() - 1).type == dxf::RecordType::Eof;
+    if (converted->isReadOnly() || !hasEnd)
+        throw Failure(drawing, "the converter wrote half a drawing");
     return converted;
 }
 
 }  // namespace
 
 bool IsDwg(const std::string& nativePath) {
-    QFile file(QFile::decodeName(nativePath.c_str()));
-    if (!file.open(QIODevice::ReadOnly)) return false;
-    const QByteArray begin = file.read(6);
+    char begin[6];
+    std::ifstream file(nativePath, std::ios::binary);
+    if (!file.read(begin, sizeof begin)) return false;
     bool isVersion = false;
-    begin.mid(2).toDouble(&isVersion);
-    return begin.size() == 6 && begin.startsWith("AC") && isVersion;
+    QByteArray(begin + 2, 4).toDouble(&isVersion);
+    return begin[0] == 'A' && begin[1] == 'C' && isVersion;
 }
 
 OdDbDatabasePtr ImportDwg(const std::string& nativePath, const DwgConverter& converter) {
@@ -83,7 +88,8 @@ OdDbDatabasePtr ImportDwg(const std::string& nativePath, const DwgConverter& con
         throw Failure(nativePath, "the settings name no converter; save it as DXF, or name one");
     const QTemporaryDir folder;
     const QString in = folder.filePath("drawing.dwg"), out = folder.filePath("drawing.dxf");
-    if (!folder.isValid() || !QFile::copy(QFile::decodeName(nativePath.c_str()), in))
+    std::error_code failed;
+    if (!folder.isValid() || !std::filesystem::copy_file(nativePath, in.toStdString(), failed))
         throw Failure(nativePath, "it cannot be copied to " + folder.path());
     Convert(nativePath, Filled(converter.command, in, out), converter.timeLimit, folder.path());
     OdDbDatabasePtr converted = ReadConverted(nativePath, out);

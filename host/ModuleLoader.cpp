@@ -7,7 +7,7 @@
 #include <array>
 
 #include "host/Error.h"
-#include "platform/drawing/OdError.h"
+#include "host/FailureLine.h"
 #include "platform/win32/Modules.h"
 
 namespace host {
@@ -42,18 +42,6 @@ void CheckVersion(const std::string& path, OdRxGetAPIVersion* getVersion) {
     }
 }
 
-void Start(const std::string& path, OdRxModule* module) {
-    try {
-        module->initApp();
-    } catch (const OdError& error) {
-        module->deleteModule();
-        throw Failure(path, "its start failed: " + error.description().narrowText());
-    } catch (const std::exception& error) {
-        module->deleteModule();
-        throw Failure(path, std::string("its start failed: ") + error.what());
-    }
-}
-
 }  // namespace
 
 ModuleLoader::ModuleLoader(std::function<void(const OdString&)> log) : log(std::move(log)) {}
@@ -83,15 +71,28 @@ void ModuleLoader::UnloadAll() {
     while (!modules.empty()) {
         OdRxModule* module = modules.back();
         modules.pop_back();
-        const OdString name = module->moduleName();
-        try {
-            module->uninitApp();
-        } catch (const OdError& error) {
-            log(name + u" : " + error.description());
-        } catch (const std::exception& error) {
-            log(name + u" : " + OdString(error.what()));
-        }
+        Stop(module);
+    }
+}
+
+// A start that failed half way may have told the host of objects of the module already.
+void ModuleLoader::Start(const std::string& path, OdRxModule* module) {
+    try {
+        module->initApp();
+    } catch (...) {
+        const OdString reason(FailureLine(std::current_exception()));
+        Stop(module);
+        throw Failure(path, "its start failed: " + reason.narrowText());
+    }
+}
+
+// A module whose stop failed stays: the host may know objects of it still.
+void ModuleLoader::Stop(OdRxModule* module) {
+    try {
+        module->uninitApp();
         module->deleteModule();
+    } catch (...) {
+        log(module->moduleName() + u" : " + OdString(FailureLine(std::current_exception())));
     }
 }
 

@@ -18,6 +18,7 @@ namespace {
 // Tags under which title blocks carry the title of the page, the preferred one first.
 constexpr const char16_t* kTitleTags[] = {u"DESCRICAO", u"DESCRIPTION", u"TITULO", u"TITLE"};
 
+// Empty for none.
 std::u16string AttributeOf(OdDbBlockReference& reference, const OdString& tag) {
     for (auto it = reference.attributeIterator(); !it->done(); it->step()) {
         OdDbAttributePtr attribute = OdDbAttribute::cast(it->entity());
@@ -31,15 +32,19 @@ std::u16string AttributeOf(OdDbBlockReference& reference, const OdString& tag) {
 std::u16string TitleOnLayer(OdDbBlockTableRecord& space, const std::u16string& layer) {
     std::vector<OdDbObjectId> ids;
     space.getEntitiesOnLayer(layer, ids);
-    for (const char16_t* tag : kTitleTags) {
-        for (const OdDbObjectId& id : ids) {
-            OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.openObject());
-            if (reference.isNull()) continue;
-            std::u16string title = AttributeOf(*reference, tag);
-            if (!title.empty()) return title;
+    std::u16string found;
+    size_t worse = std::size(kTitleTags);  // the tags from here on need not be looked for
+    for (const OdDbObjectId& id : ids) {
+        OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.openObject());
+        for (size_t tag = 0; !reference.isNull() && tag < worse; ++tag) {
+            std::u16string title = AttributeOf(*reference, kTitleTags[tag]);
+            if (title.empty()) continue;
+            found = std::move(title);
+            worse = tag;
         }
+        if (worse == 0) break;
     }
-    return {};
+    return found;
 }
 
 }  // namespace

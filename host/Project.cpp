@@ -30,8 +30,7 @@ LanguageSetting::LanguageSetting(Document& document, Settings& settings)
 
 int32_t LanguageSetting::GetLanguage() const {
     if (!document.Drawing().hasDictionaries()) {
-        const QString file = QString::fromStdString(document.FileName());
-        return settings.ProjectLanguage(file).value_or(kNoLanguage);
+        return settings.ProjectLanguage(document.FileName()).value_or(kNoLanguage);
     }
     OdDbDictionaryPtr project = ProjectDictionary(document.Drawing(), OdDb::kForRead, false);
     if (project.isNull()) return kNoLanguage;
@@ -48,7 +47,7 @@ void LanguageSetting::SetLanguage(const int& language) {
                           u"a drawing of R12 or older has no place for the project's language, and "
                           u"this one has no file to remember it by; save it first");
         }
-        settings.SetProjectLanguage(QString::fromStdString(document.FileName()), language);
+        settings.SetProjectLanguage(document.FileName(), language);
         return;
     }
     OdDbDictionaryPtr project = ProjectDictionary(document.Drawing(), OdDb::kForWrite, true);

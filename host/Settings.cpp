@@ -2,9 +2,8 @@
 #include "host/Settings.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
-#include <QUrl>
+#include <filesystem>
 
 #include "host/Error.h"
 
@@ -16,11 +15,14 @@ constexpr int32_t kLastLanguageIndex = 24;
 constexpr int kDefaultCodePage = 1252;
 constexpr int kDefaultDwgSeconds = 120;
 
-// A path holds characters that separate groups in an ini file.
-QString ProjectKey(const QString& drawing) {
-    const QFileInfo file(drawing);
-    const QString path = file.exists() ? file.canonicalFilePath() : file.absoluteFilePath();
-    return QLatin1String("projects/") + QString::fromLatin1(QUrl::toPercentEncoding(path));
+// A path holds characters that separate groups in an ini file, and bytes that are no text.
+QString ProjectKey(const std::string& nativePath) {
+    std::error_code none;
+    const auto path =
+        std::filesystem::weakly_canonical(std::filesystem::absolute(nativePath, none), none);
+    const std::string& bytes = path.empty() ? nativePath : path.native();
+    return QLatin1String("projects/") +
+           QString::fromLatin1(QByteArray::fromStdString(bytes).toPercentEncoding());
 }
 
 }  // namespace
@@ -78,13 +80,13 @@ QString Settings::DatabaseUrl() const {
 
 void Settings::SetDatabaseUrl(const QString& url) { Set("database/url", url); }
 
-std::optional<int32_t> Settings::ProjectLanguage(const QString& drawing) const {
-    const QVariant language = store.value(ProjectKey(drawing));
+std::optional<int32_t> Settings::ProjectLanguage(const std::string& nativePath) const {
+    const QVariant language = store.value(ProjectKey(nativePath));
     return language.isValid() ? std::optional(language.toInt()) : std::nullopt;
 }
 
-void Settings::SetProjectLanguage(const QString& drawing, int32_t language) {
-    Set(ProjectKey(drawing), language);
+void Settings::SetProjectLanguage(const std::string& nativePath, int32_t language) {
+    Set(ProjectKey(nativePath), language);
 }
 
 void Settings::Set(const QString& key, const QVariant& value) {

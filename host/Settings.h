@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace host {
 
@@ -37,8 +38,8 @@ class Settings {
     void SetDatabaseUrl(const QString& url);
 
     // The language of a project whose drawing is too old to hold one, by the drawing's file.
-    std::optional<int32_t> ProjectLanguage(const QString& drawing) const;
-    void SetProjectLanguage(const QString& drawing, int32_t language);
+    std::optional<int32_t> ProjectLanguage(const std::string& nativePath) const;
+    void SetProjectLanguage(const std::string& nativePath, int32_t language);
 
   private:
     void Set(const QString& key, const QVariant& value);

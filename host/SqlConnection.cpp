@@ -91,6 +91,12 @@ QSqlError SqlConnection::Begin() {
     return {};
 }
 
+QSqlError SqlConnection::Commit() {
+    if (!HasMoved()) return Try(QStringLiteral("COMMIT"));
+    return QSqlError(QString(), QStringLiteral("the file was moved, replaced or removed"),
+                     QSqlError::TransactionError);
+}
+
 bool SqlConnection::WasCommitted(const QString& earlier) {
     return !earlier.isEmpty() && Value(dialect->WasCommitted(earlier)).toInt() == 1;
 }
@@ -133,7 +139,8 @@ SqlTransaction::~SqlTransaction() {
 }
 
 void SqlTransaction::Commit() {
-    connection.Run(QStringLiteral("COMMIT"));
+    const QSqlError error = connection.Commit();
+    if (error.isValid()) throw Error(connection.Describe(error));
     open = false;
 }
 

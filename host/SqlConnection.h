@@ -31,7 +31,8 @@ class SqlConnection {
     bool IsLost() const;  // asks the database
 
     QSqlError Try(const QString& statement);  // not valid when it succeeded
-    QSqlError Begin();  // takes the right to write at once; nothing is open when that fails
+    QSqlError Begin();   // takes the right to write at once; nothing is open when that fails
+    QSqlError Commit();  // fails where the file is not in its place any more
     const QString& Transaction() const { return transaction; }  // the database's name for the last
     bool WasCommitted(const QString& transaction);  // of an earlier one; throws host::Error
     QSqlQuery Run(const QString& statement);        // throws host::Error

@@ -46,6 +46,8 @@ class SqlDialect {
     virtual QStringList Begin() const = 0;
     // Selects 1 for a transaction that was committed. Asked by one that holds the right to write.
     virtual QString WasCommitted(const QString& transaction) const = 0;
+    // Whether a commit that failed with this may succeed later, its transaction being still open.
+    virtual bool MayCommitLater(const QSqlError&) const { return false; }
 
     // --- Schema ---
 

@@ -17,8 +17,10 @@ struct KnownReason {
     const char* text;
 };
 
+constexpr int kBusy = 5;
+
 constexpr KnownReason kReasons[] = {
-    {5, "it is locked by another program; close that program or try again"},
+    {kBusy, "it is locked by another program; close that program or try again"},
     {6, "it is locked by another program; close that program or try again"},
     {8, "it cannot be written, it is read-only or was moved; check the file and its permissions"},
     {10, "the file cannot be read or written; check the disk"},
@@ -27,6 +29,8 @@ constexpr KnownReason kReasons[] = {
     {14, "the file cannot be opened; check the folder and the permissions"},
     {26, "the file is no SQLite database; name another file"},
 };
+
+int CodeOf(const QSqlError& error) { return error.nativeErrorCode().toInt() & 0xff; }
 
 // Which file a name leads to; nothing when it leads nowhere.
 struct FileIdentity {
@@ -55,11 +59,12 @@ class SqliteDialect : public SqlDialect {
     }
     void RememberPlace() override { opened = IdentityOf(url.file); }
     // A file that was removed, or had another put in its place, can be read on as if nothing were.
-    bool HasMoved() const override { return IdentityOf(url.file) != opened; }
+    bool HasMoved() const override { return opened && IdentityOf(url.file) != opened; }
     QString Reason(const QSqlError& error) const override;
 
     QStringList Begin() const override { return {QStringLiteral("BEGIN IMMEDIATE")}; }
     QString WasCommitted(const QString&) const override { return {}; }
+    bool MayCommitLater(const QSqlError& error) const override { return CodeOf(error) == kBusy; }
 
     QString KeyType() const override { return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT"); }
     QString ApplicationId() const override { return QStringLiteral("PRAGMA application_id"); }
@@ -106,7 +111,7 @@ void SqliteDialect::CheckPlace(OnMissing onMissing) const {
 }
 
 QString SqliteDialect::Reason(const QSqlError& error) const {
-    const int code = error.nativeErrorCode().toInt() & 0xff;
+    const int code = CodeOf(error);
     for (const KnownReason& known : kReasons) {
         if (known.code == code) return QString::fromLatin1(known.text);
     }

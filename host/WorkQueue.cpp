@@ -6,7 +6,7 @@
 
 namespace host {
 
-WorkQueue::WorkQueue(Work onIdle, std::chrono::milliseconds idleAfter)
+WorkQueue::WorkQueue(OnIdle onIdle, std::chrono::milliseconds idleAfter)
     : onIdle(std::move(onIdle)), idleAfter(idleAfter), thread([this] { Loop(); }) {}
 
 WorkQueue::~WorkQueue() {
@@ -42,8 +42,7 @@ void WorkQueue::Loop() {
             burst = true;
             work();
         } else if (burst) {
-            burst = false;
-            onIdle();
+            burst = !onIdle();
         }
     }
 }

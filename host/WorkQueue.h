@@ -10,13 +10,14 @@
 
 namespace host {
 
-// Work must not throw. onIdle runs on the same thread, once after each burst: when nothing has come
-// for idleAfter, and at the end.
+// Work must not throw. onIdle runs on the same thread after each burst: when nothing has come for
+// idleAfter, and at the end. As long as it returns false it runs again after that time.
 class WorkQueue {
   public:
     using Work = std::function<void()>;
+    using OnIdle = std::function<bool()>;
 
-    WorkQueue(Work onIdle, std::chrono::milliseconds idleAfter);
+    WorkQueue(OnIdle onIdle, std::chrono::milliseconds idleAfter);
     ~WorkQueue();  // runs everything that has been submitted first
     void Submit(Work work);
     void RunAndWait(const Work& work);  // in its turn; not from the thread itself
@@ -29,10 +30,10 @@ class WorkQueue {
     std::mutex mutex;
     std::condition_variable changed;
     std::deque<Work> queue;
-    Work onIdle;
+    OnIdle onIdle;
     std::chrono::milliseconds idleAfter;
     bool ending = false;
-    bool burst = false;  // something ran since onIdle; used by the thread alone
+    bool burst = false;  // onIdle has not yet done with what ran; used by the thread alone
     std::thread thread;  // last: it uses all of the others
 };
 

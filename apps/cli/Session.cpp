@@ -92,7 +92,7 @@ int Session::ProjectLanguage() { return host->ProjectLanguage(*document); }
 void Session::SetProjectLanguage(int key) { host->SetProjectLanguage(*document, key); }
 
 void Session::RememberLanguageOf(const std::string& nativePath, int key) {
-    host->GetSettings().SetProjectLanguage(QString::fromStdString(nativePath), key);
+    host->GetSettings().SetProjectLanguage(nativePath, key);
 }
 
 }  // namespace cli

@@ -137,20 +137,28 @@ void OdDbDatabaseImpl::checkEditable() const {
 }
 
 void OdDbDatabaseImpl::startUndoRecord(const OdString& name) {
-    if (undoDepth++ > 0) return;
-    flush();
-    undoName = name;
-    store.BeginRecording();
+    if (undoDepth == 0) {
+        flush();
+        undoName = name;
+        store.BeginRecording();
+    }
+    ++undoDepth;
 }
 
 void OdDbDatabaseImpl::endUndoRecord() {
     if (undoDepth == 0) throw OdError(eNotApplicable, u"no undo record has been started");
     if (--undoDepth > 0) return;
-    flush();
-    auto states = store.EndRecording();
-    if (states.empty()) return;
-    undoSteps.push_back({undoName, std::move(states)});
-    redoSteps.clear();
+    std::exception_ptr failure;
+    try {
+        flush();
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    if (auto states = store.EndRecording(); !states.empty()) {
+        undoSteps.push_back({undoName, std::move(states)});
+        redoSteps.clear();
+    }
+    if (failure) std::rethrow_exception(failure);
 }
 
 void OdDbDatabaseImpl::undo() { restore(undoSteps, redoSteps); }

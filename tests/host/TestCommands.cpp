@@ -186,6 +186,17 @@ TEST_F(CommandTest, FailureIsToldOnceAndRollsNothingBack) {
     EXPECT_EQ(document.Drawing().toBytes(), SmallDrawing());
 }
 
+TEST_F(CommandTest, AFailureIsToldAheadOfOneAtTheEndOfItsUndoRecord) {
+    host::Document& document = host.Documents().Open(Parsed(SmallDrawing()), "a.dxf");
+    Add(u"BOTH", [&] {
+        document.Drawing().endUndoRecord();
+        throw OdError(u"the object is gone");
+    });
+    EXPECT_EQ(host.Runner().Run(u"BOTH").failure, u"the object is gone");
+    const std::string log = ReadFile(folder.File("host.log"));
+    EXPECT_NE(log.find("BOTH : no undo record has been started"), std::string::npos) << log;
+}
+
 TEST_F(CommandTest, EveryKindOfExceptionStopsAtTheRunner) {
     Add(u"STD", [] { throw std::bad_alloc(); });
     Add(u"INT", [] { throw 7; });

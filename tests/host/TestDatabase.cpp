@@ -96,6 +96,7 @@ TEST_P(DatabaseTest, QueryThatThrowsLeavesTheQueueAlive) {
     EXPECT_TRUE(database->ExecuteSync(Insert("a")).succeeded());
     ASSERT_EQ(Log().size(), 1);
     EXPECT_TRUE(Log()[0].contains("no such text"));
+    EXPECT_TRUE(QSqlDatabase::connectionNames().filter("memory").isEmpty());
 }
 
 TEST_P(DatabaseTest, DeclaredLengths) {

@@ -7,7 +7,32 @@ namespace {
 
 using host::OnMissing;
 
-class DatabaseFile : public DatabaseTest {};
+class DatabaseFile : public DatabaseTest {
+  protected:
+    // A row whose transaction is still open when the work is done.
+    static std::shared_ptr<CKVQuery> InsertAndThen(const QString& group,
+                                                   std::function<void()> work) {
+        struct Working : TextQuery {
+            using TextQuery::TextQuery;
+            CKVQueryResponse Execute(QSqlDatabase database) const override {
+                CKVQueryResponse response = TextQuery::Execute(database);
+                if (const auto first = std::exchange(work, {})) first();
+                return response;
+            }
+            mutable std::function<void()> work;
+        };
+        auto query =
+            std::make_shared<Working>("INSERT INTO BDGROUP VALUES (?, 1)", QVariantList{group});
+        query->work = std::move(work);
+        return query;
+    }
+    void RemoveFile() { QFile::remove(folder.File("dictionary.sqlite")); }
+    void ReplaceFile() {
+        const QString other = folder.File("other.sqlite");
+        host::Database("sqlite:" + other, OnMissing::Create, Logger()).ExecuteSync(Insert("new"));
+        ASSERT_EQ(std::rename(other.toUtf8(), folder.File("dictionary.sqlite").toUtf8()), 0);
+    }
+};
 INSTANTIATE_TEST_SUITE_P(File, DatabaseFile, testing::Values(Where::File));
 
 TEST_P(DatabaseFile, FailureThatLosesTheTransactionLogsEveryLostWrite) {
@@ -47,11 +72,42 @@ TEST_P(DatabaseFile, FileThatWasRemovedTakesNoWriteInSilence) {
     auto database = Open();
     ASSERT_TRUE(database->ExecuteSync(Insert("a")).succeeded());
     database->Commit();
-    QFile::remove(folder.File("dictionary.sqlite"));
+    RemoveFile();
     database->ExecuteAsync(Insert("lost"));
     database.reset();
     ASSERT_GE(Log().size(), 1);
     EXPECT_TRUE(Log()[0].contains("\"lost\""));
+}
+
+TEST_P(DatabaseFile, FileThatIsRemovedBeforeTheCommitTakesNoWriteInSilence) {
+    auto database = Open();
+    database->ExecuteAsync(InsertAndThen("lost", [this] { RemoveFile(); }));
+    database.reset();
+    ASSERT_EQ(Log().size(), 1);
+    EXPECT_TRUE(Log()[0].contains("\"lost\""));
+}
+
+TEST_P(DatabaseFile, CommitWaitsForAReaderAndStandsInTheLogWhenThatNeverEnds) {
+    for (const bool ends : {true, false}) {
+        auto database = Open();
+        database->ExecuteSync(Insert(ends ? "1" : "3"));
+        database->Commit();
+        host::SqlConnection other(host::ParseDatabaseUrl(Url()), OnMissing::Refuse);
+        std::optional<QSqlQuery> reader = other.Run("SELECT GROUP_KEY FROM BDGROUP");
+        ASSERT_TRUE(reader->next());
+        database->ExecuteAsync(Insert(ends ? "2" : "4"));
+        database->Commit();
+        if (ends) {
+            reader.reset();
+            host::SqlTransaction transaction(other);  // granted once the burst is committed
+        }
+        EXPECT_TRUE(Log().isEmpty()) << Log().join('\n').toStdString();
+        database.reset();
+    }
+    EXPECT_EQ(StoredGroups(), (QStringList{"1", "2", "3"}));
+    ASSERT_EQ(Log().size(), 1);
+    EXPECT_TRUE(Log()[0].contains("locked by another program")) << Log()[0].toStdString();
+    EXPECT_TRUE(Log()[0].contains("\"4\""));
 }
 
 TEST_P(DatabaseFile, DatabaseThatCannotBeOpenedFailsQueriesWithTheirValues) {
@@ -66,14 +122,12 @@ TEST_P(DatabaseFile, DatabaseThatCannotBeOpenedFailsQueriesWithTheirValues) {
 }
 
 // As a backup that is put back, or a folder that is synchronised, does it.
-TEST_P(DatabaseFile, FileThatWasReplacedIsOpenedAnew) {
+TEST_P(DatabaseFile, FileThatWasReplacedIsOpenedAnewAndTakesWhatWasNotCommitted) {
     auto database = Open();
     ASSERT_TRUE(database->ExecuteSync(Insert("old")).succeeded());
     database->Commit();
-    const QString other = folder.File("other.sqlite");
-    { host::Database("sqlite:" + other, OnMissing::Create, Logger()).ExecuteSync(Insert("new")); }
-    ASSERT_EQ(std::rename(other.toUtf8(), folder.File("dictionary.sqlite").toUtf8()), 0);
-    database->ExecuteAsync(Insert("written"));
+    ReplaceFile();
+    database->ExecuteAsync(InsertAndThen("written", [this] { ReplaceFile(); }));
     database.reset();
     EXPECT_EQ(StoredGroups(), (QStringList{"new", "written"}));
     EXPECT_TRUE(Log().isEmpty()) << Log().join('\n').toStdString();

@@ -25,7 +25,10 @@ class Recorder : public OdStaticRxObject<CMxDocumentManagerReactor> {
 
     void DocumentCreateStarted(CMxDocument* d) override { Note("start", d); }
     void DocumentCreated(CMxDocument* d) override { Note("created", d); }
-    void DocumentAdded(CMxDocument* d) override { Note("added", d); }
+    void DocumentAdded(CMxDocument* d) override {
+        Note("added", d);
+        if (fails) throw std::runtime_error("reactor failed");
+    }
     void DocumentToBeActivated(CMxDocument* d) override { Note("activate", d); }
     void DocumentBecameCurrent(CMxDocument* d) override { Note("current", d); }
     void DocumentActivated(CMxDocument* d) override { Note("activated", d); }
@@ -34,6 +37,8 @@ class Recorder : public OdStaticRxObject<CMxDocumentManagerReactor> {
     void DocumentRemoved(CMxDocument* d) override { Note("removed", d); }
     void DocumentDestroyed(CMxDocument*) override { events += "destroyed "; }
     void DocumentCreateCanceled(CMxDocument* d) override { Note("cancelled", d); }
+
+    bool fails = false;
 
   private:
     void Note(const char* event, CMxDocument* document) {
@@ -114,6 +119,16 @@ TEST_F(HostTest, InstallsItsServicesAndTakesThemAway) {
     EXPECT_EQ(ErrorOf([&] { host::Host second(Options()); }),
               "host: there is one already in this program");
     EXPECT_NE(GetElectricalServices(), nullptr);
+}
+
+TEST_F(HostTest, AReactorThatFailsIsLoggedAndTheOthersAreTold) {
+    Recorder failing(host.Documents()), other(host.Documents());
+    failing.fails = true;
+    host::Document& document = host.Documents().Open(Parsed(SmallDrawing()), "a");
+    EXPECT_EQ(ACTIVE_DOCUMENT(), &document);
+    EXPECT_EQ(other.Take(), "start:a created:a added:a activate:a current:a activated:a ");
+    const std::string log = ReadFile(folder.File("log/host.log"));
+    EXPECT_NE(log.find("DocumentManager : reactor failed"), std::string::npos) << log;
 }
 
 TEST_F(HostTest, LogHasOneLineForOneText) {

@@ -1,4 +1,7 @@
 // Converters of all kinds, each a small script.
+#include <filesystem>
+#include <fstream>
+
 #include "host/DwgImport.h"
 #include "tests/host/Support.h"
 
@@ -8,8 +11,10 @@ class DwgImport : public testing::Test {
   protected:
     void SetUp() override {
         WriteFile(dwg, bytes);
+        std::ofstream(foreign, std::ios::binary) << bytes;
         WriteFile(drawing, SmallDrawing());
     }
+    void TearDown() override { std::filesystem::remove(foreign); }  // Qt would leave it
     // $1 is the copy of the DWG drawing, $2 what is to be written, $3 a DXF drawing.
     OdDbDatabasePtr Import(const QString& script, int seconds = 60) {
         const QStringList command{"sh", "-c", script, "sh", "{in}", "{out}", drawing};
@@ -19,6 +24,8 @@ class DwgImport : public testing::Test {
     Folder folder;
     const std::string bytes = "AC1032" + std::string(100, '\0');
     const QString dwg = folder.File("a 'b\" ; $(c).dwg");
+    // Of another system, whose names are not UTF-8.
+    const std::string foreign = folder.File("caf").toStdString() + "\xE9.dwg";
     const QString drawing = folder.File("drawing.dxf");
 };
 
@@ -28,6 +35,8 @@ TEST_F(DwgImport, GivesTheDrawingAsNotSaved) {
     EXPECT_EQ(imported->toBytes(), SmallDrawing());
     EXPECT_TRUE(imported->isModified());
     EXPECT_EQ(ReadFile(dwg), bytes) << "the converter had a copy";
+    EXPECT_TRUE(host::IsDwg(foreign));
+    EXPECT_EQ(host::ImportDwg(foreign, {{"cp", drawing, "{out}"}})->toBytes(), SmallDrawing());
 }
 
 TEST_F(DwgImport, FailuresAreOneLineWithTheReason) {
@@ -41,6 +50,7 @@ TEST_F(DwgImport, FailuresAreOneLineWithTheReason) {
         {"exit 0", 60, "wrote no drawing"},
         {"echo nonsense > \"$2\"", 60, "wrote no DXF drawing: "},
         {"head -n 60 \"$3\" > \"$2\"", 60, "wrote half a drawing"},
+        {"sed '/^OBJECTS$/,$d' \"$3\" | head -n -3 > \"$2\"", 60, "wrote half a drawing"},
         {"while :; do :; done", 1, "took longer than 1 seconds"},
     };
     for (const auto& one : cases) {

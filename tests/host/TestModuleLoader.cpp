@@ -2,6 +2,7 @@
 #include <cstdlib>
 
 #include "host/ModuleLoader.h"
+#include "platform/drawing/EdCommandStack.h"
 #include "platform/win32/Modules.h"
 #include "tests/host/Support.h"
 
@@ -17,6 +18,7 @@ class ModuleLoaderTest : public testing::Test {
     static void Wish(const char* wish) {
         setenv("FAILING_MODULE", wish, 1);
         unsetenv("FAILING_MODULE_DELETED");
+        unsetenv("FAILING_MODULE_TOLD");
     }
     static bool Deleted() { return std::getenv("FAILING_MODULE_DELETED"); }
 
@@ -41,6 +43,8 @@ TEST_F(ModuleLoaderTest, RefusesWithTheReason) {
         EXPECT_TRUE(loader.Modules().empty());
     }
     EXPECT_TRUE(Deleted());
+    odedRegCmds()->fireCommandAdded(u"LINE");
+    EXPECT_FALSE(std::getenv("FAILING_MODULE_TOLD")) << "a reactor of the deleted module";
 }
 
 TEST_F(ModuleLoaderTest, ModuleGetsAnAddressInsideItself) {
@@ -50,12 +54,12 @@ TEST_F(ModuleLoaderTest, ModuleGetsAnAddressInsideItself) {
     EXPECT_EQ(loader.Modules().size(), 1u);
 }
 
-TEST_F(ModuleLoaderTest, FailingStopIsLoggedAndTheModuleEndsAllTheSame) {
+TEST_F(ModuleLoaderTest, FailingStopIsLoggedAndLeavesTheObjectThatTheHostMayKnow) {
     loader.Load(Library("FailingModule"));
     Wish("stop");
     loader.UnloadAll();
     EXPECT_EQ(log, std::vector<std::string>{"failing : no way to stop"});
-    EXPECT_TRUE(Deleted());
+    EXPECT_FALSE(Deleted());
     EXPECT_TRUE(loader.Modules().empty());
 }
 

@@ -22,6 +22,8 @@ TEST(Settings, AreKeptInTheFile) {
         EXPECT_EQ(settings.RecentFiles(), QStringList());
         settings.SetRecentFiles({"/a, b.dxf", "/é.dxf"});
         settings.SetProjectLanguage("/a/b [1]/c;d=e%.dxf", 4);
+        settings.SetProjectLanguage("/a/caf\xE9.dxf", 5);
+        settings.SetProjectLanguage("/a/caf\xE8.dxf", 6);
     }
     host::Settings settings(file);
     EXPECT_EQ(settings.LanguageIndex(), 19);
@@ -31,6 +33,8 @@ TEST(Settings, AreKeptInTheFile) {
     EXPECT_EQ(settings.NetworkFolder(), "//server/Projectos é");
     EXPECT_EQ(settings.DatabaseUrl(), "sqlite:/srv/a=b;c.sqlite");
     EXPECT_EQ(settings.ProjectLanguage("/a/b [1]/c;d=e%.dxf"), 4);
+    EXPECT_EQ(settings.ProjectLanguage("/a/caf\xE9.dxf"), 5);
+    EXPECT_EQ(settings.ProjectLanguage("/a/caf\xE8.dxf"), 6);
     EXPECT_EQ(settings.ProjectLanguage("/a/other.dxf"), std::nullopt);
 }
 

@@ -204,6 +204,8 @@ TEST_F(InHost, ACommandInAProgramWithoutWindowsSaysSo) {
         EXPECT_NE(outcome.failure.find(u"a program without windows"), outcome.failure.npos)
             << QString::fromStdU16String(outcome.failure).toStdString();
     }
+    // What failed leaves its scope of resources open.
+    EXPECT_EQ(host.Documents().ResourceScopes(), std::vector<void*>(4, LibraryHandle()));
     EXPECT_TRUE(LogText().contains("JanelaTraducao : a program without windows"));
 }
 

@@ -138,6 +138,7 @@ CKVCommandManager* ScriptedServices::GetCommandManager() { return parts.get(); }
 CKVProjectManager* ScriptedServices::GetProjectManager() { return parts.get(); }
 CKVDataManager* ScriptedServices::GetDataManager() { return parts.get(); }
 
-void ScriptedServices::WriteLog(const CMxString& line, const CMxDocument*) {
+void ScriptedServices::WriteLog(const CMxString& line, const CMxDocument* document) {
     log.push_back(line.ansi_str());
+    loggedTo.push_back(document);
 }

@@ -85,6 +85,7 @@ class ScriptedServices : public CMxSystemServices, public CKVServices {
     // What tests look at and lay ready.
     std::vector<std::string> calls;  // of all services, in order: "AddCommand KVTRANSLATEPROJ"
     std::vector<std::string> log;
+    std::vector<const CMxDocument*> loggedTo;  // of each line
     std::vector<ShownBox> boxes;
     QWidget* mainWidget = nullptr;  // not owned
     std::deque<int> answers;        // to boxes, the first one first; without one the default button

@@ -70,6 +70,7 @@ class BancoDeTeste : public CKVDatabase {
     }
 
     std::vector<Chamada> chamadas;
+    bool juntaAsLinhas = false;  // by itself, as a host does that keeps results
 
   private:
     CKVQueryResponse Execute(const CKVQuery& query, bool sync) {
@@ -82,7 +83,7 @@ class BancoDeTeste : public CKVDatabase {
                             query.IsReadOnly(),
                             query.GetCacheKey()});
         EXPECT_TRUE(query.IsDatabaseQuery());
-        return query.Execute(banco);
+        return juntaAsLinhas ? query.CKVQuery::Execute(banco) : query.Execute(banco);
     }
 
     QString connection;

@@ -53,6 +53,26 @@ TEST(Expressoes, LinesStandInOrderOfFirstAppearanceAndKeepTheOrderOfTheirObjects
     EXPECT_EQ(tabela.Linha(1).objetos, (std::vector<ETraduzivel*>{(*objetos)[1], (*objetos)[3]}));
 }
 
+TEST(Expressoes, TextsGoToTheLinesExceptThoseOfBlocksWhereverTheyStand) {
+    for (const size_t posicao : {0, 1, 2}) {
+        auto objetos = NovaLista();
+        for (size_t i = 0; i < 3; ++i) {
+            if (i == posicao)
+                Acrescentar<EBlocoTextoTrad>(objetos, u"a", u"2F", OdDbObjectId());
+            else
+                Acrescentar<ETextoTrad>(objetos, u"a", u"1F");
+        }
+        Tabela tabela;
+        tabela.AgruparExpressoes(*objetos, ITabelaExpressoes::Textos::VaoParaAsLinhas);
+        ASSERT_EQ(tabela.expressoes->size(), 1u);
+        EXPECT_EQ(tabela.Linha(0).original, u"a");
+        for (size_t i = 0; i < 3; ++i) {
+            const TQString* texto = (*objetos)[i]->GetTexto();
+            EXPECT_EQ(texto ? *texto : TQString(u"gone"), i == posicao ? u"a" : u"gone");
+        }
+    }
+}
+
 TEST(Expressoes, AFallenLineKeepsItsTermAndAnEmptyFirstTermHidesLaterOnes) {
     const auto objetos = Objetos({u"Motor", u"Bomba"});
     Tabela tabela;

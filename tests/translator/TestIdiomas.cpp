@@ -71,6 +71,24 @@ TEST_F(Idiomas, TermsAreReadInTheColumnsOfTheLanguagesInUse) {
     EXPECT_EQ(traducoes->terms[1].translations, (std::vector<TQString>{u"b", u""}));
 }
 
+TEST_F(Idiomas, TermsOfChosenLanguagesComeInTheirOrderAndFromRowsOfTheHostToo) {
+    banco->Run("INSERT INTO BDTRANSLATOR VALUES (3, 'a', 'x', 'y', 'z'), (7, 'b', 'x', 'y', NULL)");
+    auto idiomas = bd.GetAllLang();
+    std::reverse(idiomas.begin(), idiomas.end());
+    for (const bool doHost : {false, true}) {
+        banco->juntaAsLinhas = doHost;
+        const auto traducoes = bd.GetTerms(idiomas);
+        EXPECT_EQ(Ultima().statement,
+                  "select TRANS_KEY , LANGUAGE4,LANGUAGE1  from BDTRANSLATOR order by TRANS_KEY");
+        ASSERT_TRUE(traducoes);
+        EXPECT_EQ(traducoes->languages, (std::vector<TQString>{u"English", u"Português"}));
+        ASSERT_EQ(traducoes->terms.size(), 2u);
+        EXPECT_EQ(traducoes->terms[0].key, 3);
+        EXPECT_EQ(traducoes->terms[0].translations, (std::vector<TQString>{u"z", u"a"}));
+        EXPECT_EQ(traducoes->terms[1].translations, (std::vector<TQString>{u"", u"b"}));
+    }
+}
+
 TEST_F(Idiomas, AnUpdateNamesColumnsByKeyAndLeavesTheOthers) {
     banco->Run("INSERT INTO BDTRANSLATOR VALUES (3, 'a', 'x', 'y', 'z')");
     structTermo termo{3, {u"Ação; 漢", u""}};

@@ -43,7 +43,7 @@ class IBDIdiomas {
 
     // The dictionary, or null when it has no rows or cannot be read.
     std::unique_ptr<structTraducoes> GetTerms();
-    // The same with the columns of these languages alone, in their order.
+    // The same with the columns of those of these languages alone that are in use, in their order.
     std::unique_ptr<structTraducoes> GetTerms(std::vector<structIdioma> idiomas);
     void UpdateTerm(structTermo& termo);
     void InsertTerm(structTermo& termo);  // the row's key comes from the database; termo.key stays

@@ -2,6 +2,7 @@
 //
 // Reading and updating name a language's column by its key, inserting counts the columns by
 // position. Both are meant, and the same as long as the keys are 1 to n.
+#include <QSqlRecord>
 #include <QStringList>
 
 #include "platform/kernel/KVSqlText.h"
@@ -29,9 +30,7 @@ void LigarTextos(QSqlQuery& consulta, const std::vector<TQString>& textos, size_
 }  // namespace
 
 std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms() {
-    std::vector<structIdioma> emUso = GetAllLang();
-    std::erase_if(emUso, [](const structIdioma& idioma) { return !EstaEmUso(idioma); });
-    return GetTerms(std::move(emUso));
+    return GetTerms(GetAllLang());
 }
 
 std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
@@ -45,6 +44,7 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
         QSqlQuery Prepare(QSqlDatabase banco) const override {
             QStringList colunas;
             for (const structIdioma& idioma : idiomas) {
+                if (!EstaEmUso(idioma)) continue;
                 colunas << QStringLiteral("LANGUAGE%1").arg(QString(idioma.key));
             }
             QSqlQuery consulta(banco);
@@ -64,7 +64,8 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
             consulta.setForwardOnly(true);
             if (!consulta.exec()) return CKVQueryResponse::Failure(consulta.lastError());
             const bool codificado = sqltext::NeedsEncoding(banco);
-            while (consulta.next()) termos.push_back(TermoDe(consulta, codificado));
+            const int colunas = consulta.record().count();
+            while (consulta.next()) termos.push_back(TermoDe(consulta, colunas, codificado));
             if (consulta.lastError().isValid()) {
                 return CKVQueryResponse::Failure(consulta.lastError());
             }
@@ -73,12 +74,12 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
         mutable std::vector<structTermo> termos;
 
       private:
-        structTermo TermoDe(const QSqlQuery& linha, bool codificado) const {
+        static structTermo TermoDe(const QSqlQuery& linha, int colunas, bool codificado) {
             structTermo termo;
             termo.key = linha.value(0).toInt();
-            termo.translations.reserve(idiomas.size());
-            for (size_t i = 1; i <= idiomas.size(); ++i) {
-                const QString texto = linha.value(static_cast<int>(i)).toString();
+            termo.translations.reserve(colunas - 1);
+            for (int i = 1; i < colunas; ++i) {
+                const QString texto = linha.value(i).toString();
                 termo.translations.emplace_back(codificado ? sqltext::Decoded(texto) : texto);
             }
             return termo;
@@ -88,14 +89,19 @@ std::unique_ptr<IBDIdiomas::structTraducoes> IBDIdiomas::GetTerms(
     auto consulta = std::make_shared<CQueryGetTerms>();
     consulta->idiomas = std::move(idiomas);
     const CKVQueryResponse resposta = BancoDeDados()->ExecuteSync(consulta);
-    if (resposta.failed() || consulta->termos.empty()) return nullptr;
+    if (resposta.failed()) return nullptr;
 
     auto traducoes = std::make_unique<structTraducoes>();
     for (const structIdioma& idioma : consulta->idiomas) {
-        traducoes->languages.push_back(idioma.descr);
+        if (EstaEmUso(idioma)) traducoes->languages.push_back(idioma.descr);
     }
     traducoes->terms = std::move(consulta->termos);
-    return traducoes;
+    // A host that gathers the rows by itself, or has kept them, has not run Execute.
+    for (const std::vector<QVariant>& linha : resposta.getResult()) {
+        structTermo& termo = traducoes->terms.emplace_back(structTermo{linha[0].toInt(), {}});
+        for (size_t i = 1; i < linha.size(); ++i) termo.translations.push_back(linha[i].toString());
+    }
+    return traducoes->terms.empty() ? nullptr : std::move(traducoes);
 }
 
 void IBDIdiomas::UpdateTerm(structTermo& termo) {

@@ -2,7 +2,8 @@
 #include "translator/messages/Catalogue.h"
 
 #include <QDomDocument>
-#include <QFile>
+#include <fstream>
+#include <sstream>
 
 #include "platform/kernel/KVServices.h"
 #include "platform/kernel/MxSystemServices.h"
@@ -97,12 +98,14 @@ std::unique_ptr<const MessageMap> LoadCatalogue(TQString path, const QString& la
     electricalLog(TQString(u"Loading ") + path, ACTIVE_DOCUMENT());
     path.Trim();
     if (path.IsEmpty()) return nullptr;
-    QFile file(QFile::decodeName(NativePath(path).c_str()));
-    if (!file.open(QIODevice::ReadOnly)) return nullptr;
+    // Not by QFile, which takes no path that is not UTF-8.
+    std::ifstream file(NativePath(path), std::ios::binary);
+    if (!file) return nullptr;
+    std::ostringstream content;
+    content << file.rdbuf();
     QDomDocument document;
     QString error;
-    document.setContent(&file, &error);
-    file.close();
+    document.setContent(QByteArray::fromStdString(content.str()), &error);
     if (!error.isEmpty()) return nullptr;
     QDomElement root = document.documentElement();
     if (!root.hasChildNodes()) return nullptr;

@@ -10,7 +10,6 @@ constinit CTQExtensionModule module;
 [[gnu::constructor]] void Attach() {
     if (module.initialized) return;
     module.instance = ModuleOfAddress(&module);
-    module.resource = module.instance;
     module.initialized = true;
 }
 

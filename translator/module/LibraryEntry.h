@@ -6,7 +6,6 @@
 struct CTQExtensionModule {
     bool initialized = false;    // between the library's constructor and its destructor
     HMODULE instance = nullptr;  // what commands hand to the host's resource scope
-    HMODULE resource = nullptr;  // where dialog templates and strings come from: the same library
 };
 
 const CTQExtensionModule& ExtensionModule();

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/drawing/EdCommandStack.h"
 #include "platform/drawing/OdError.h"
 #include "platform/drawing/RxModule.h"
 #include "platform/drawing/StaticRxObject.h"
@@ -14,19 +15,29 @@ std::string Wish() {
     return wish ? wish : "";
 }
 
+class Reactor : public OdStaticRxObject<OdEdCommandStackReactor> {
+  public:
+    void commandAdded(const OdString&) override { setenv("FAILING_MODULE_TOLD", "yes", 1); }
+};
+
 class Module : public OdStaticRxObject<OdRxModule> {
   public:
     void* sysData() override { return handle; }
     void deleteModule() override { setenv("FAILING_MODULE_DELETED", "yes", 1); }
     void initApp() override {
+        odedRegCmds()->addReactor(&reactor);
         if (Wish() == "start") throw OdError(u"no place to start");
     }
     void uninitApp() override {
         if (Wish() == "stop") throw std::runtime_error("no way to stop");
+        odedRegCmds()->removeReactor(&reactor);
     }
     OdString moduleName() const override { return u"failing"; }
 
     void* handle = nullptr;
+
+  private:
+    Reactor reactor;
 };
 
 Module module;

@@ -77,6 +77,7 @@ void Dicionario::Abrir(std::chrono::milliseconds paciencia) {
 void Dicionario::Executar(const char* comando) {
     const host::CommandOutcome fim = anfitriao->Runner().Run(OdString(comando));
     EXPECT_TRUE(fim.done) << QString::fromStdU16String(fim.failure).toStdString();
+    EXPECT_TRUE(anfitriao->Documents().ResourceScopes().empty());
 }
 
 QString Dicionario::Sql(const QString& instrucao) const {
