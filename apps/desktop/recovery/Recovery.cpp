@@ -63,7 +63,9 @@ struct Recovery::Kept {
 };
 
 Recovery::Recovery(RecoveryOptions given)
-    : options(std::move(given)), last(options.clock()), disk([] {}, std::chrono::seconds(1)) {
+    : options(std::move(given)),
+      last(options.clock()),
+      disk([] { return true; }, std::chrono::seconds(1)) {
     Guarded([&] { folder = SessionFolder::Create(options.folder); });
 }
 
