@@ -169,11 +169,22 @@ bool Comparison::CompareChanged(dxf::RecordIndex record) {
     return false;
 }
 
+// The texts stand anywhere in memory.
+void Comparison::FetchAhead(size_t next) const {
+    constexpr size_t kText = 8, kUnits = 4;
+    if (next + kText >= texts.size()) return;
+    __builtin_prefetch(texts[next + kText].before);
+    __builtin_prefetch(texts[next + kText].after);
+    __builtin_prefetch(texts[next + kUnits].before->data());
+    __builtin_prefetch(texts[next + kUnits].after->data());
+}
+
 // Objects mostly stand in the file in the order of their handles, and are asked for several times.
 std::span<const ExpectedText> Comparison::TextsOf(uint64_t handle) {
     if (!present.empty() && present.front().handle == handle) return present;
     const auto behind = texts.begin() + (present.data() + present.size() - texts.data());
     const bool next = behind != texts.end() && behind->handle == handle;
+    FetchAhead(static_cast<size_t>(behind - texts.begin()));
     const auto begin =
         next ? behind : std::lower_bound(texts.begin(), texts.end(), handle, ByHandle());
     const auto isOther = [&](const ExpectedText& text) { return text.handle != handle; };

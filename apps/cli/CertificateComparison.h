@@ -40,6 +40,7 @@ class Comparison {
     bool CompareChanged(dxf::RecordIndex index);
     void CompareTexts(uint64_t handle);
     std::span<const ExpectedText> TextsOf(uint64_t handle);
+    void FetchAhead(size_t next) const;
     bool IsExpected(uint64_t handle, const Item& old, const Item& now);
     bool Matches(const ExpectedText& text, const Item& old, const Item& now) const;
     bool HeldText(const Item& item, std::u16string_view text) const;  // between blanks

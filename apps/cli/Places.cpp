@@ -13,9 +13,19 @@ namespace {
 
 constexpr size_t kPart = 1024;
 
+// Lines, their lists and their objects stand anywhere in memory.
+void FetchAhead(const Lines& lines, uint32_t next, uint32_t last) {
+    constexpr uint32_t kLine = 24, kList = 16, kObject = 8;
+    if (next + kLine >= last) return;
+    __builtin_prefetch(&lines[next + kLine]->objetos);
+    __builtin_prefetch(lines[next + kList]->objetos.data());
+    __builtin_prefetch(lines[next + kObject]->objetos.front());
+}
+
 void AddPlaces(const Lines& lines, uint32_t first, uint32_t last, std::vector<Place>& places) {
     std::unordered_set<uint64_t> inBlocks;
     for (uint32_t line = first; line < last; ++line) {
+        FetchAhead(lines, line, last);
         const auto& objects = lines[line]->objetos;
         for (uint32_t number = 0; number < objects.size(); ++number) {
             const traducaoTQ::ETraduzivel& object = *objects[number];

@@ -51,7 +51,8 @@ struct Writing {
 
 class TextWriter {
   public:
-    explicit TextWriter(const Writing& writing) : writing(writing) {}
+    explicit TextWriter(const Writing& writing)
+        : writing(writing), file(writing.store.Original().data()) {}
 
     void Write(std::span<Place> places) {
         for (size_t i = 0; i < places.size(); ++i) {
@@ -77,14 +78,20 @@ class TextWriter {
 
   private:
     // Neighbours in the file are far apart in memory: the lines of the places ahead, and then the
-    // texts of those lines, are fetched while others are written.
+    // texts of those lines and of the file, are fetched while others are written.
     void FetchAhead(std::span<const Place> places, size_t next) const {
         constexpr size_t kLine = 16, kText = 8;
         if (next + kLine >= places.size()) return;
         const structExpressao& line = *writing.lines[places[next + kLine].line];
         __builtin_prefetch(&line.original);
         __builtin_prefetch(&line.objetos);
-        __builtin_prefetch(writing.lines[places[next + kText].line]->traducao.data());
+        const TQString& translation = writing.lines[places[next + kText].line]->traducao;
+        __builtin_prefetch(translation.data());
+        __builtin_prefetch(translation.data() + translation.size());
+        const dxf::RecordIndex record = writing.store.FindHandle(places[next + kText].handle);
+        if (record >= writing.store.FileCount()) return;
+        const dxf::Record& ahead = writing.store.At(record);
+        __builtin_prefetch(file + ahead.offset + std::max(ahead.text, ahead.xdata));
     }
 
     bool CanBeBeside(const Place& place) const {
@@ -134,6 +141,7 @@ class TextWriter {
     }
 
     const Writing& writing;
+    const char* const file;
     std::vector<Place*> later;
     Reports reports;
 };
