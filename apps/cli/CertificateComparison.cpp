@@ -14,18 +14,6 @@ namespace {
 
 constexpr size_t kBlock = size_t{1} << 22;
 
-size_t CommonPrefix(std::string_view a, std::string_view b) {
-    const size_t most = std::min(a.size(), b.size());
-    size_t equal = 0;
-    for (const size_t step : {1024, 128, 16}) {
-        while (equal + step <= most && std::memcmp(a.data() + equal, b.data() + equal, step) == 0) {
-            equal += step;
-        }
-    }
-    while (equal < most && a[equal] == b[equal]) ++equal;
-    return equal;
-}
-
 // The fields of a string in the xdata of a wire or a virtual attribute; empty ones do not count.
 std::vector<std::u16string_view> Fields(std::u16string_view text) {
     std::vector<std::u16string_view> fields;
@@ -109,6 +97,7 @@ bool Comparison::SkipEqual() {
         return false;
     }
     while (index + 1 < last && Start(index + 1) <= b + equal) ++index;
+    same = b + equal - Start(index);
     a += Start(index) - b;
     b = Start(index);
     return true;
@@ -125,9 +114,21 @@ bool Comparison::StepBack() {
            newRecord.end > difference;
 }
 
+// Most records that differ do so in their texts alone.
+bool Comparison::ReadTexts() {
+    const uint64_t handle = store.At(index).handle;
+    if (index + 1 >= last || TextsOf(handle).empty()) return false;
+    const std::string_view record = before.substr(b, Start(index + 1) - b);
+    if (!ReadDifferences(store, record, after.substr(a), same, oldRecord, newRecord)) return false;
+    oldRecord.handle = newRecord.handle = handle;
+    newRecord.end += a;
+    return true;
+}
+
 // Compares what begins at the two positions and moves behind it; false when the rest cannot be
 // brought together any more.
 bool Comparison::Differ() {
+    if (ReadTexts()) return CompareChanged(index);
     if (!ReadRecord(store, before, b, oldRecord)) return Other("an unreadable group"), false;
     if (a == after.size()) return OtherIn(oldRecord, "is missing, and all behind it"), false;
     if (!ReadRecord(store, after, a, newRecord) && !StepBack()) {

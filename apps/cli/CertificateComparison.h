@@ -35,6 +35,7 @@ class Comparison {
 
   private:
     bool SkipEqual();
+    bool ReadTexts();
     bool Differ();
     bool StepBack();
     bool CompareChanged(dxf::RecordIndex index);
@@ -62,6 +63,7 @@ class Comparison {
     const dxf::RecordIndex first, last;
     size_t b, a;                     // up to here both files have been compared
     dxf::RecordIndex index;          // the last record that begins at or before b
+    size_t same = 0;                 // bytes at the begin of the records that differ now
     RawRecord oldRecord, newRecord;  // those that differ now
     Certificate result;
 };

@@ -1,6 +1,9 @@
 // Reading of single records for the certificate, independent of the index of the store.
 #include "apps/cli/CertificateItems.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace cli {
 
 namespace {
@@ -67,6 +70,47 @@ bool ReadRecord(const dxf::Store& store, std::string_view file, size_t position,
         AddItem(record, group, chunked, part);
     }
     return true;
+}
+
+size_t CommonPrefix(std::string_view a, std::string_view b) {
+    const size_t most = std::min(a.size(), b.size());
+    size_t equal = 0;
+    for (const size_t step : {1024, 128, 16}) {
+        while (equal + step <= most && std::memcmp(a.data() + equal, b.data() + equal, step) == 0) {
+            equal += step;
+        }
+    }
+    while (equal < most && a[equal] == b[equal]) ++equal;
+    return equal;
+}
+
+// What both have before the first difference, and between two of them, is read in one alone.
+bool ReadDifferences(const dxf::Store& store, std::string_view old, std::string_view now,
+                     size_t same, RawRecord& oldRecord, RawRecord& nowRecord) {
+    dxf::GroupReader groups = store.GroupsIn(old);
+    dxf::Group group, other;
+    if (!groups.Next(group) || group.end > same || group.value == "MTEXT") return false;
+    Clear(oldRecord);
+    Clear(nowRecord);
+    oldRecord.type = nowRecord.type = group.value;
+    Item::Part part = Item::Part::Own;
+    size_t behind = 0;  // how far, in `now`, what stands in `old` is moved; wraps
+    while (same < old.size() && groups.Next(group)) {
+        if (group.code == 101) return false;
+        if (group.code == 1001) part = Item::Part::XData;
+        if (group.end <= same) continue;
+        const bool text = group.code == 1 || (part == Item::Part::XData && group.code != 1001);
+        if (!text || group.begin + behind > now.size()) return false;
+        dxf::GroupReader others = store.GroupsIn(now.substr(group.begin + behind));
+        if (!others.Next(other) || other.begin != 0 || other.code != group.code) return false;
+        oldRecord.items.push_back({group.code, group.value, part});
+        nowRecord.items.push_back({other.code, other.value, part});
+        behind += other.end - (group.end - group.begin);
+        same = group.end + CommonPrefix(old.substr(group.end), now.substr(group.end + behind));
+    }
+    nowRecord.end = old.size() + behind;
+    if (same < old.size()) return false;
+    return store.GroupsIn(now.substr(nowRecord.end)).Next(other) && other.code == 0;
 }
 
 }  // namespace cli

@@ -36,4 +36,12 @@ struct RawRecord {
 // itself.
 bool ReadRecord(const dxf::Store& store, std::string_view file, size_t position, RawRecord& record);
 
+// Reads of two records the texts and extended data that differ, which become their items. False
+// when they may differ in more. old is the whole record; now begins with the other one, whose end
+// there is told. same: so many bytes at their begin are equal.
+bool ReadDifferences(const dxf::Store& store, std::string_view old, std::string_view now,
+                     size_t same, RawRecord& oldRecord, RawRecord& nowRecord);
+
+size_t CommonPrefix(std::string_view a, std::string_view b);  // how many bytes are equal
+
 }  // namespace cli
