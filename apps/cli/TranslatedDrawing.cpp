@@ -27,7 +27,6 @@ TranslatedDrawing::TranslatedDrawing(Session& session, TranslationTable& table,
     : session(session), write(write), progress(progress) {
     report.objects = table.objects->size();
     report.lines = table.Lines().size();
-    for (const auto& line : table.Lines()) report.translated += IsTranslated(*line);
     progress.Phase("writing texts");
     Write(table);
 }
@@ -43,6 +42,7 @@ void TranslatedDrawing::Write(TranslationTable& table) {
         OnSecondThread([&table] { table.table.traducoes.reset(); }).Get();  // it has made them
     }
     Written written = WriteTexts(table, session.Drawing(), record, progress);
+    report.translated = table.Lines().size();  // the others are gone
     report.unwritten = std::move(written.unwritten);
     report.written = written.texts.size();
     expectation.texts = std::move(written.texts);

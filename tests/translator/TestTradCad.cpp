@@ -231,6 +231,13 @@ TEST(BuscarTraduziveisMistos, CallsEachCollectorOnlyForWhatItTakes) {
     EXPECT_EQ(Misto({.paginas = Nomes({u"P$A"}), .camadasDePagina = true}), virtuais);
 }
 
+TEST(BuscarTraduziveisMistos, ALayerThatAlsoComesWithItsPageCountsOnce) {
+    const Cena cena(ProjetoDeBlocos().Dxf());
+    const Achados umaVez = Misto({.paginas = Nomes({u"P", u"P$DE", u"P$FORMATO"})});
+    EXPECT_THAT(umaVez, testing::Contains("attribute D2 Folha"));
+    EXPECT_EQ(Misto({.paginas = Nomes({u"P", u"P$DE"}), .camadasDePagina = true}), umaVez);
+}
+
 // Drawings from the folder that KV_DRAWINGS names, else the project's own.
 std::vector<std::filesystem::path> Desenhos() {
     const char* pasta = std::getenv("KV_DRAWINGS");

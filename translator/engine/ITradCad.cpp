@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 #include "platform/kernel/MxSystemServices.h"
 #include "platform/text/Conversion.h"
@@ -98,6 +99,9 @@ ListaTraduziveis ITradCad::BuscarTraduziveisMistos(const Pedido& pedido) {
 std::vector<OdDbObjectId> ITradCad::BuscarObjetosMistos(const Pedido& pedido) {
     TQStringList nomes = pedido.paginas;
     if (pedido.camadasDePagina) AcrescentarCamadasDePagina(nomes);
+    // A layer that is chosen itself may also come with its page.
+    std::set<std::u16string> vistas;
+    nomes.remove_if([&](const TQString& nome) { return !vistas.insert(nome).second; });
     return BuscarObjetosPaginas(SoPaginas(nomes, pedido.incluirCamada0));
 }
 
