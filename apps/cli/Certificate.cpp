@@ -1,22 +1,25 @@
-// The comparison of a saved drawing with the file before, in two halves side by side.
+// The comparison of a saved drawing with the file before, part by part on two threads.
 #include "apps/cli/Certificate.h"
 
 #include <algorithm>
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "apps/cli/CertificateComparison.h"
 #include "apps/cli/MappedFile.h"
 #include "apps/cli/SecondThread.h"
+#include "platform/drawing/DrawingStructure.h"
 
 namespace cli {
 
 namespace {
 
-// Where a record begins in both files, near the middle.
+// Where a record begins in both files.
 struct Seam {
-    dxf::RecordIndex record;
-    size_t before, after;
+    dxf::RecordIndex record = 0;
+    size_t before = 0, after = 0;
 };
 
 dxf::RecordIndex FirstRecordBehind(const dxf::Store& store, size_t offset) {
@@ -44,14 +47,15 @@ std::optional<size_t> FindNear(std::string_view after, std::string_view record, 
     return from + static_cast<size_t>(found - near.begin());
 }
 
-// The new file has grown evenly, or behind the middle alone, as records make it. A wrong seam does
-// no harm: the comparison up to it does not end at it then.
-std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after) {
+// A seam about a place of the file before. The new file has grown evenly, or behind that place
+// alone, as records make it. A wrong seam does no harm: the comparison up to it does not end at it
+// then.
+std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after, size_t about) {
     constexpr dxf::RecordIndex kTries = 4;
     const std::string_view before = store.Original();
     const double growth = static_cast<double>(after.size()) / static_cast<double>(before.size());
-    const dxf::RecordIndex middle = FirstRecordBehind(store, before.size() / 2);
-    for (dxf::RecordIndex i = middle; i < middle + kTries && i + 1 < store.FileCount(); ++i) {
+    const dxf::RecordIndex first = FirstRecordBehind(store, about);
+    for (dxf::RecordIndex i = first; i < first + kTries && i + 1 < store.FileCount(); ++i) {
         if (store.At(i).handle == 0) continue;
         const size_t place = store.At(i).offset;
         const std::string_view record = before.substr(place, store.At(i + 1).offset - place);
@@ -61,6 +65,25 @@ std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after) {
         }
     }
     return std::nullopt;
+}
+
+// More parts than threads, so that one that is slower gets fewer.
+std::vector<Stretch> Divide(const dxf::Store& store, std::string_view after) {
+    constexpr size_t kParts = 8;
+    const size_t size = store.Original().size();
+    std::vector<Stretch> stretches;
+    Seam last;
+    const auto end = [&](const Seam& seam) {
+        stretches.push_back(
+            {last.record, seam.record, last.before, seam.before, last.after, seam.after});
+        last = seam;
+    };
+    for (size_t part = 1; part < kParts; ++part) {
+        const auto seam = FindSeam(store, after, size / kParts * part);
+        if (seam && seam->before > last.before && seam->after > last.after) end(*seam);
+    }
+    end({store.FileCount(), size, after.size()});
+    return stretches;
 }
 
 // The new file as each of two threads sees it, and what each is to do as it goes on.
@@ -76,28 +99,34 @@ Certificate CompareWhole(const dxf::Store& store, const View& view, const Expect
     return comparison.Conclude();
 }
 
-// Nothing where the two halves hold another difference than is expected: one comparison of the
-// whole can tell it better.
-std::optional<Certificate> CompareHalves(const dxf::Store& store, const View& front,
-                                         const View& back, const Expectation& expected) {
-    const std::optional<Seam> seam = FindSeam(store, front.after);
-    if (!seam) return std::nullopt;
-    const Stretch head{0, seam->record, 0, seam->before, 0, seam->after};
-    const Stretch tail{seam->record, store.FileCount(), seam->before, store.Original().size(),
-                       seam->after,  back.after.size()};
-    Comparison first(store, front.after, expected, head, front.passed);
-    Comparison second(store, back.after, expected, tail, back.passed);
-    SideBySide([&] { first.Run(); }, [&] { second.Run(); });
-    if (first.FoundOthers() || second.FoundOthers()) return std::nullopt;
-    first.Add(second);
-    return first.Conclude();
+// Nothing where a part holds another difference than is expected: one comparison of the whole can
+// tell it better.
+std::optional<Certificate> CompareParts(const dxf::Store& store, const View& front,
+                                        const View& back, const Expectation& expected) {
+    const std::vector<Stretch> stretches = Divide(store, front.after);
+    std::vector<std::unique_ptr<Comparison>> parts(stretches.size());
+    std::atomic<size_t> next = 0;
+    const auto compare = [&](const View& view) {
+        for (size_t i = next++; i < parts.size(); i = next++) {
+            parts[i] = std::make_unique<Comparison>(store, view.after, expected, stretches[i],
+                                                    view.passed);
+            parts[i]->Run();
+        }
+    };
+    SideBySide([&] { compare(front); }, [&] { compare(back); });
+    for (const auto& part : parts) {
+        if (part->FoundOthers()) return std::nullopt;
+    }
+    for (size_t i = 1; i < parts.size(); ++i) parts[0]->Add(*parts[i]);
+    return parts[0]->Conclude();
 }
 
 Certificate Compare(const dxf::Store& store, const View& front, const View& back,
                     Expectation expected) {
     SortByHandle(expected.texts);
-    const auto halves = CompareHalves(store, front, back, expected);
-    return halves && halves->Holds() ? *halves : CompareWhole(store, front, expected);
+    if (!expected.recordKeys.empty()) expected.root = DrawingStructure(store).rootDictionary;
+    const auto parts = CompareParts(store, front, back, expected);
+    return parts && parts->Holds() ? *parts : CompareWhole(store, front, expected);
 }
 
 }  // namespace

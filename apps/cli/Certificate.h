@@ -24,6 +24,7 @@ struct Expectation {
     std::vector<ExpectedText> texts;  // in any order; the certificate sorts them
     // Entries of the root dictionary under which objects may come, change and go.
     std::vector<std::u16string> recordKeys;
+    dxf::RecordIndex root = dxf::kNoRecord;  // that dictionary in the file before; found if needed
     bool wires = false;  // a missing xdata application of the product may have been registered
 };
 

@@ -3,8 +3,6 @@
 
 #include <algorithm>
 
-#include "platform/drawing/DrawingStructure.h"
-
 namespace cli {
 
 namespace {
@@ -40,15 +38,13 @@ std::vector<Item> WithoutCount(std::vector<Item> items) {
 
 }  // namespace
 
-WrittenRecords::WrittenRecords(const dxf::Store& before, std::vector<std::u16string> keys,
-                               bool wires)
-    : store(before), keys(std::move(keys)), wires(wires) {
-    if (this->keys.empty()) return;
-    const dxf::RecordIndex index = DrawingStructure(store).rootDictionary;
-    if (index == dxf::kNoRecord) return;
-    root = store.At(index).handle;
+WrittenRecords::WrittenRecords(const dxf::Store& before, const Expectation& expected)
+    : store(before), keys(expected.recordKeys), wires(expected.wires) {
+    if (expected.root == dxf::kNoRecord) return;
+    const dxf::Record& dictionary = store.At(expected.root);
+    root = dictionary.handle;
     RawRecord record;
-    if (ReadRecord(store, store.Original(), store.At(index).offset, record)) ReadEntries(record);
+    if (ReadRecord(store, store.Original(), dictionary.offset, record)) ReadEntries(record);
 }
 
 bool WrittenRecords::IsKey(std::string_view rawName) const {

@@ -9,6 +9,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "apps/cli/Certificate.h"
 #include "apps/cli/CertificateItems.h"
 #include "platform/drawing/dxf/Store.h"
 
@@ -18,7 +19,7 @@ namespace cli {
 // of them stand where they may.
 class WrittenRecords {
   public:
-    WrittenRecords(const dxf::Store& before, std::vector<std::u16string> keys, bool wires);
+    WrittenRecords(const dxf::Store& before, const Expectation& expected);
 
     // Each tells whether the difference may stand as far as can be said now. Added, removed and
     // changed objects are judged once more by Misplaced.

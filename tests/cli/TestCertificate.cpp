@@ -147,8 +147,8 @@ TEST(Certificate, ALongDrawingIsComparedToItsEnd) {
     const Certificate whole = CertifyLong(LongDrawing(true));
     EXPECT_EQ(whole.strings, kTexts / 3u);
     EXPECT_TRUE(whole.Holds()) << whole.firstOther;
-    for (const int place :
-         {0, 1, 700, kTexts / 2 - 1, kTexts / 2, kTexts / 2 + 1, 2200, kTexts - 1}) {
+    for (const int place : {0, 1, kTexts / 8, kTexts / 4 - 1, 700, kTexts / 2 - 1, kTexts / 2,
+                            kTexts / 2 + 1, 2200, kTexts - 1}) {
         const std::string text =
             "0 TEXT\n5 " + cli::HexHandle(0x1000u + place) + "\n8 P1\n40 2.5\n1 Bornes\n";
         EXPECT_FALSE(CertifyLong(LongDrawing(true, place, text)).Holds()) << place;

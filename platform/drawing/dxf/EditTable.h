@@ -34,6 +34,19 @@ class LateText {
     mutable std::atomic<const std::string*> text = nullptr;  // owned
 };
 
+// For a few instructions that two threads seldom do at the same time: neither ever sleeps.
+class SpinLock {
+  public:
+    void lock() {
+        while (taken.test_and_set(std::memory_order_acquire)) {
+        }
+    }
+    void unlock() { taken.clear(std::memory_order_release); }
+
+  private:
+    std::atomic_flag taken;
+};
+
 // What differs from the file in one record.
 struct Edit {
     Overlay overlay;

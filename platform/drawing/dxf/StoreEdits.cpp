@@ -1,5 +1,6 @@
 // Changing records, and taking changes back.
 #include <algorithm>
+#include <mutex>
 #include <utility>
 
 #include "platform/drawing/dxf/StoreState.h"

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <map>
-#include <mutex>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -40,7 +39,7 @@ struct Store::Impl {
     uint64_t firstNewHandle = 1, nextHandle = 1;
 
     EditTable edits;
-    std::mutex growing;  // of the edits
+    SpinLock growing;  // of the edits
     uint32_t saves = 0;
     std::vector<Links> links;  // of the inserted records, in order of insertion
     std::unordered_map<RecordIndex, Chain> chains;
