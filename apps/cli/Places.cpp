@@ -31,7 +31,7 @@ void AddPlaces(const Lines& lines, uint32_t first, uint32_t last, std::vector<Pl
             const traducaoTQ::ETraduzivel& object = *objects[number];
             const uint64_t handle = HandleOf(object);
             if (IsBlockText(object) && !inBlocks.insert(handle).second) continue;
-            places.push_back({handle, objects[number], line, number, false});
+            places.push_back({handle, objects[number], line, number});
         }
     }
     std::ranges::sort(places, {}, &Place::handle);

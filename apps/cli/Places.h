@@ -15,10 +15,8 @@ using Lines = traducaoTQ::ITabelaExpressoes::ListaExpressoes;
 // An object of a line.
 struct Place {
     uint64_t handle;
-    traducaoTQ::ETraduzivel* object;
-    uint32_t line;
-    uint32_t number : 31;  // which one of the line's objects it is
-    uint32_t written : 1;  // its translation stands in the drawing
+    traducaoTQ::ETraduzivel* object;  // null once it is known that its text cannot be written
+    uint32_t line, number;            // which one of the line's objects it is
 };
 
 // Sorts places in the order of the lines.

@@ -108,13 +108,12 @@ class TextWriter {
         try {
             const ReadBack written(writing.store, object, place.handle, line);
             object.SetTexto(line.traducao);
-            if (!written.Holds()) return Report(place, ReasonNotFound(object));
+            if (!written.Holds()) return Refuse(place, ReasonNotFound(object));
         } catch (const OdError& error) {
             if (error.code() != eStringTooLong) throw;
             writing.standIns.PutBack(object, line);
-            return Report(place, error.description().narrowText());
+            return Refuse(place, error.description().narrowText());
         }
-        place.written = true;
         const std::string remark =
             writing.onWritten ? writing.onWritten(object, line) : std::string();
         if (!remark.empty()) Report(place, remark);
@@ -130,6 +129,11 @@ class TextWriter {
             default:
                 return "not found again in the data of its object";
         }
+    }
+
+    void Refuse(Place& place, const std::string& reason) {
+        Report(place, reason);
+        place.object = nullptr;
     }
 
     void Report(const Place& place, const std::string& reason) {
@@ -151,7 +155,7 @@ Written WrittenOf(std::span<const Place> places, const Lines& lines, TextWriter:
     written.texts.reserve(places.size());
     for (const Place& place : places) {
         const structExpressao& line = *lines[place.line];
-        if (!place.written) continue;
+        if (!place.object) continue;
         written.texts.push_back(
             {place.handle, &line.original, &line.traducao, IsXdata(*place.object)});
     }
