@@ -39,7 +39,8 @@ void TranslatedDrawing::Write(TranslationTable& table) {
             return RecordText(store, table, object, line);
         };
     } else {
-        OnSecondThread([&table] { table.table.traducoes.reset(); }).Get();  // it has made them
+        // Where the large lists are made that can use the memory.
+        OnSecondThread([&table] { table.table.traducoes.reset(); }).Get();
     }
     Written written = WriteTexts(table, session.Drawing(), record, progress);
     report.translated = table.Lines().size();  // the others are gone
