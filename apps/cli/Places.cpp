@@ -42,11 +42,8 @@ void AddPlaces(const Lines& lines, uint32_t first, uint32_t last, std::vector<Pl
 std::vector<Place> PlacesOf(const Lines& lines, size_t objects) {
     const auto count = static_cast<uint32_t>(lines.size()), half = count / 2;
     std::vector<Place> front, back;
-    // The second thread has the memory that the dictionary has left.
-    OnSecondThread([&] {
-        front.reserve(objects);
-        back.reserve(objects);
-    }).Get();
+    front.reserve(objects);
+    back.reserve(objects);
     SideBySide([&] { AddPlaces(lines, 0, half, front); },
                [&] { AddPlaces(lines, half, count, back); });
     const auto middle = static_cast<ptrdiff_t>(front.size());

@@ -11,6 +11,7 @@
 #include "platform/drawing/SecondThread.h"
 #include "platform/text/Conversion.h"
 #include "translator/cad/CICad.h"
+#include "translator/dialogs/EmPartes.h"
 #include "translator/engine/ITradCad.h"
 
 namespace cli {
@@ -31,19 +32,26 @@ std::vector<std::u16string> ChosenPages(const std::vector<std::u16string>& layer
     return pages;
 }
 
+void SideBySideInTheDrawing(const std::function<void()>& first,
+                            const std::function<void()>& second) {
+    SideBySide(first, [&] {
+        const OdDbSecondThread views;
+        second();
+    });
+}
+
 // The scan of mixed pages, by two threads.
-traducaoTQ::ListaTraduziveis RunHalves(const traducaoTQ::ITradCad::Pedido& request) {
+traducaoTQ::ListaTraduziveis RunParts(const traducaoTQ::ITradCad::Pedido& request) {
     using traducaoTQ::ITradCad;
+    constexpr size_t kPart = 8192;
     ITradCad scan;
     const std::vector<OdDbObjectId> ids = scan.BuscarObjetosMistos(request);
     const std::span<const OdDbObjectId> all(ids);
-    const size_t half = all.size() / 2;
-    std::vector<ITradCad::Colheita> parts(2);
-    SideBySide([&] { parts[0] = ITradCad::ColherMistos(request, all.first(half)); },
-               [&] {
-                   const OdDbSecondThread second;
-                   parts[1] = ITradCad::ColherMistos(request, all.subspan(half));
-               });
+    std::vector<ITradCad::Colheita> parts(all.size() / kPart + 1);
+    const auto collect = [&](size_t begin, size_t end) {
+        parts[begin / kPart] = ITradCad::ColherMistos(request, all.subspan(begin, end - begin));
+    };
+    traducaoTQ::EmPartes(all.size(), kPart, SideBySideInTheDrawing, collect);
     return scan.JuntarColheitas(std::move(parts));
 }
 
@@ -76,7 +84,7 @@ traducaoTQ::ListaTraduziveis Scan::Run() const {
     request.textos = !options.noTexts;
     request.camadasDePagina = withPageLayers;
     request.incluirCamada0 = options.layer0;
-    return RunHalves(request);
+    return RunParts(request);
 }
 
 // The scan of the commands, which asks for the pages through LISP: the session answers.

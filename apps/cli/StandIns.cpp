@@ -10,7 +10,9 @@ using traducaoTQ::ETraduzivel;
 StandIns::StandIns(const Lines& lines, std::span<const Place> places) {
     std::vector<Place> inBlocks;
     std::unordered_set<std::u16string_view> translations;
-    for (const Place& place : places) {
+    for (size_t i = 0; i < places.size(); ++i) {
+        FetchObjectAhead(places, i);
+        const Place& place = places[i];
         if (!IsBlockText(*place.object)) continue;
         inBlocks.push_back(place);
         const structExpressao& line = *lines[place.line];

@@ -17,24 +17,20 @@ namespace {
 
 using traducaoTQ::ETraduzivel;
 
-// The drops leave gaps.
-void DropUntranslated(std::span<std::unique_ptr<structExpressao>> lines) {
-    for (auto& line : lines) {
-        if (IsTranslated(*line)) continue;
-        for (const ETraduzivel* object : line->objetos) delete object;
-        line.reset();
-    }
-}
-
 // The objects of the dropped lines go too; the table's list holds the others. Memory mostly goes
-// back to the thread that took it, which made the same half of the lines.
+// back to the thread that took it, which made about the same of the lines.
 void DropUntranslatedLines(TranslationTable& table) {
     auto& lines = *table.table.expressoes;
     table.objects->clear();  // every object is an object of one line
-    const std::span all(lines);
-    const size_t half = all.size() / 2;
-    SideBySide([&] { DropUntranslated(all.first(half)); },
-               [&] { DropUntranslated(all.subspan(half)); });
+    const auto drop = [&](size_t begin, size_t end) {
+        for (auto& line : std::span(lines).subspan(begin, end - begin)) {
+            if (IsTranslated(*line)) continue;
+            for (const ETraduzivel* object : line->objetos) delete object;
+            line.reset();
+        }
+    };
+    constexpr size_t kPart = 4096;
+    traducaoTQ::EmPartes(lines.size(), kPart, table.table.fazerAmbos, drop);
     std::erase(lines, nullptr);
     for (const auto& line : lines) {
         table.objects->insert(table.objects->end(), line->objetos.begin(), line->objetos.end());
@@ -81,6 +77,7 @@ class TextWriter {
     // texts of those lines and of the file, are fetched while others are written.
     void FetchAhead(std::span<const Place> places, size_t next) const {
         constexpr size_t kLine = 16, kText = 8;
+        FetchObjectAhead(places, next);
         if (next + kLine >= places.size()) return;
         const structExpressao& line = *writing.lines[places[next + kLine].line];
         __builtin_prefetch(&line.original);
@@ -153,7 +150,9 @@ class TextWriter {
 Written WrittenOf(std::span<const Place> places, const Lines& lines, TextWriter::Reports reports) {
     Written written;
     written.texts.reserve(places.size());
-    for (const Place& place : places) {
+    for (size_t i = 0; i < places.size(); ++i) {
+        FetchObjectAhead(places, i);
+        const Place& place = places[i];
         const structExpressao& line = *lines[place.line];
         if (!place.object) continue;
         written.texts.push_back(

@@ -39,8 +39,7 @@ void TranslatedDrawing::Write(TranslationTable& table) {
             return RecordText(store, table, object, line);
         };
     } else {
-        // Where the large lists are made that can use the memory.
-        OnSecondThread([&table] { table.table.traducoes.reset(); }).Get();
+        table.table.traducoes.reset();
     }
     Written written = WriteTexts(table, session.Drawing(), record, progress);
     report.translated = table.Lines().size();  // the others are gone

@@ -14,6 +14,9 @@ namespace {
 
 using structTermo = IBDIdiomas::structTermo;
 
+// Lines at a time; not too many, for matching is where the most memory is in use.
+constexpr size_t kParte = 4096;
+
 std::optional<size_t> PosicaoDe(const std::vector<TQString>& nomes, const TQString& nome) {
     const auto achado = std::find(nomes.begin(), nomes.end(), nome);
     if (achado == nomes.end()) return std::nullopt;
@@ -97,7 +100,7 @@ void Limpar(structExpressao& linha) {
 void ITabelaExpressoes::AgruparExpressoes(const std::vector<ETraduzivel*>& objetos, Textos textos) {
     const ObjetosPorLinha grupos(objetos, fazerAmbos);
     expressoes = std::make_unique<ListaExpressoes>(grupos.Quantidade());
-    EmMetades(grupos.Quantidade(), fazerAmbos, [&](size_t inicio, size_t fim) {
+    EmPartes(grupos.Quantidade(), kParte, fazerAmbos, [&](size_t inicio, size_t fim) {
         for (size_t i = inicio; i < fim; ++i) {
             const auto grupo = grupos.Da(i);
             auto linha = std::make_unique<structExpressao>();
@@ -123,7 +126,7 @@ const TQString& ITabelaExpressoes::RotuloDe(uint32_t estado) const {
 }
 
 void ITabelaExpressoes::ReporEstados() {
-    EmMetades(expressoes->size(), fazerAmbos, [&](size_t inicio, size_t fim) {
+    EmPartes(expressoes->size(), kParte, fazerAmbos, [&](size_t inicio, size_t fim) {
         for (size_t i = inicio; i < fim; ++i) {
             structExpressao& linha = *(*expressoes)[i];
             if (linha.estado == 0 || linha.estado == NaoTraduzido) Limpar(linha);
@@ -145,13 +148,8 @@ void ITabelaExpressoes::AtualizarExpressoes(const std::optional<TQString>& idiom
 void ITabelaExpressoes::Traduzir(size_t colunaOrigem, size_t colunaDestino) {
     std::vector<structTermo>& termos = traducoes->terms;
     const IndiceTextos indice = IndiceDosTermos(termos, colunaOrigem, fazerAmbos);
-    EmMetades(expressoes->size(), fazerAmbos, [&](size_t inicio, size_t fim) {
-        // A part of the lines at a time: this is where the most memory is in use.
-        constexpr size_t kParte = 4096;
-        for (; inicio < fim; inicio += kParte) {
-            const std::span linhas(&(*expressoes)[inicio], std::min(kParte, fim - inicio));
-            TraduzirLinhas(linhas, indice, colunaDestino);
-        }
+    EmPartes(expressoes->size(), kParte, fazerAmbos, [&](size_t inicio, size_t fim) {
+        TraduzirLinhas(std::span(*expressoes).subspan(inicio, fim - inicio), indice, colunaDestino);
     });
 }
 

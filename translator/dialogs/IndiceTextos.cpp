@@ -21,11 +21,6 @@ size_t ParteDe(size_t hash) { return hash >> 63; }
 
 }  // namespace
 
-void UmDepoisDoOutro(const std::function<void()>& um, const std::function<void()>& outro) {
-    um();
-    outro();
-}
-
 IndiceTextos::IndiceTextos(Vistas vistas, const FazerAmbos& fazerAmbos)
     : textos(std::move(vistas)), primeiros(textos.size()) {
     const size_t meio = textos.size() / 2;

@@ -3,23 +3,12 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string_view>
 #include <vector>
 
+#include "translator/dialogs/EmPartes.h"
+
 namespace traducaoTQ {
-
-// Does two pieces of work of which neither changes what the other one looks at. The module does
-// them one after the other; a program with threads may do them at the same time.
-using FazerAmbos = std::function<void(const std::function<void()>&, const std::function<void()>&)>;
-void UmDepoisDoOutro(const std::function<void()>& um, const std::function<void()>& outro);
-
-// Calls trabalho(inicio, fim) for both halves of 0 .. quantidade.
-template <class Trabalho>
-void EmMetades(size_t quantidade, const FazerAmbos& fazerAmbos, const Trabalho& trabalho) {
-    const size_t meio = quantidade / 2;
-    fazerAmbos([&] { trabalho(size_t{0}, meio); }, [&] { trabalho(meio, quantidade); });
-}
 
 // Made for hundreds of thousands of texts, where most of the time goes into waiting for memory: a
 // few dense arrays in place of a node per text, and whole lists at a time, so that the memory of
