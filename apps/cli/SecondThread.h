@@ -15,7 +15,7 @@ template <class Result>
 class Awaited {
   public:
     explicit Awaited(std::future<Result> future) : future(std::move(future)) {}
-    Awaited(Awaited&&) = default;
+    Awaited(Awaited&&) noexcept = default;
     ~Awaited() {
         if (future.valid()) future.wait();
     }
