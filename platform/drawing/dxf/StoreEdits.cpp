@@ -229,9 +229,11 @@ bool Store::CanChangeBeside(RecordIndex index) const {
     return record.text != 0 && Groups(index, record.text).Next(text) && text.code == 1;
 }
 
+// The table of edits, which another thread may be making, is asked for records alone that are in
+// it.
 uint32_t Store::ChangesOf(RecordIndex index) const {
-    const Edit* edit = impl->edits.Find(index);
-    return edit ? edit->changes : 0;
+    if (!(At(index).flags & (kOverlaid | kInserted))) return 0;
+    return impl->edits.Find(index)->changes;
 }
 
 RecordIndex Store::InsertAfter(RecordIndex where, std::string bytes) {
