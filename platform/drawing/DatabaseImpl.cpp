@@ -31,10 +31,8 @@ OdDbDatabaseImpl::~OdDbDatabaseImpl() {
 }
 
 void OdDbDatabaseImpl::assignMemoryHandles() {
-    for (RecordIndex i = 0; i < store.FileCount(); ++i) {
-        const dxf::Record& record = store.At(i);
-        const bool lacks = record.handle == 0 || (record.flags & dxf::kDuplicateHandle);
-        if (lacks && IsObjectRecord(record)) store.AssignMemoryHandle(i, nextMemoryHandle());
+    for (const RecordIndex record : structure.withoutHandle) {
+        store.AssignMemoryHandle(record, nextMemoryHandle());
     }
 }
 

@@ -56,6 +56,8 @@ DrawingStructure::DrawingStructure(const dxf::Store& store) {
     for (RecordIndex i = 0; i < store.FileCount(); ++i) {
         const dxf::Record& record = store.At(i);
         highestHandle = std::max(highestHandle, record.handle);
+        const bool lacks = record.handle == 0 || (record.flags & dxf::kDuplicateHandle);
+        if (lacks && IsObjectRecord(record)) withoutHandle.push_back(i);
         const bool begins = record.type == RecordType::Section;
         // In a damaged file a section may lack its ENDSEC.
         const bool cut = begins || record.type == RecordType::Eof;

@@ -33,6 +33,7 @@ struct DrawingStructure {
     dxf::RecordIndex lastSectionEnd = dxf::kNoRecord;
     dxf::RecordIndex rootDictionary = dxf::kNoRecord;
     uint64_t highestHandle = 0;
+    std::vector<dxf::RecordIndex> withoutHandle;  // objects that have none of their own
 
   private:
     void sectionBegins(const dxf::Store& store, dxf::RecordIndex index);

@@ -60,15 +60,21 @@ void LayerIndex::add(uint32_t index, OdString name) {
     names.emplace(index, std::move(name));
 }
 
-// In file order, entities of block definitions included.
+// In file order, entities of block definitions included, until every name has been met; "0" is what
+// an entity without one is on.
 void LayerIndex::addUsed() {
     const dxf::Store& store = database.store;
     byInterned.assign(store.LayerCount(), kNoRecord);
+    size_t unmet = byInterned.size();
     for (RecordIndex i = 0; i < store.FileCount(); ++i) {
+        if (unmet == 0 && byName.contains(u"0")) return;
         const dxf::Record& record = store.At(i);
         if (record.section != Section::Entities && record.section != Section::Blocks) continue;
         const bool frame = record.type == RecordType::Block || record.type == RecordType::Endblk;
-        if (!frame && IsObjectRecord(record)) resolve(record.layer);
+        if (frame || !IsObjectRecord(record)) continue;
+        const bool met = record.layer == dxf::kNoLayer || byInterned[record.layer] != kNoRecord;
+        if (!met) --unmet;
+        resolve(record.layer);
     }
 }
 

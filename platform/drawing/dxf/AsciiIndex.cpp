@@ -3,6 +3,7 @@
 // characters.
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "platform/drawing/dxf/FileIndex.h"
 #include "platform/drawing/dxf/LineEnds.h"
@@ -56,14 +57,14 @@ constexpr auto kActions = [] {
 
 class AsciiIndexer {
   public:
-    AsciiIndexer(const Buffer& file, FileIndex& index)
+    AsciiIndexer(const Buffer& file, FileIndex& index, const Await& await)
         : file(file),
+          await(await),
           index(index),
           builder(file, index),
           classes(index.lineEnd == '\n' ? kLineFeedClasses : kCarriageReturnClasses),
           data(file.Data()),
           lineStart(index.bodyBegin),
-          bodyEnd(file.View().find_last_not_of(std::string_view(" \t\r\n\x1A\0", 6)) + 1),
           ends(kBlock + 10) {}
 
     void Run();
@@ -79,23 +80,26 @@ class AsciiIndexer {
     void RefuseFirstLine(size_t codeStop) const;
     void NoteBadLine(size_t codeStop);
     void FinishAt(size_t offset);
+    size_t BodyEnd();
     uint64_t LineNumber(size_t offset) const;
 
     const Buffer& file;
+    const Await& await;
     FileIndex& index;
     IndexBuilder builder;
     const ClassTable& classes;
     const char* data;
     size_t lineStart;          // of the code line that comes next
-    const size_t bodyEnd;      // from here on nothing but blanks and Ctrl-Z
     std::vector<size_t> ends;  // line ends found and not used yet: the first endCount
     size_t endCount = 0;
+    std::optional<size_t> bodyEnd;
     size_t badLines = 0;
     bool done = false;
 };
 
 void AsciiIndexer::Run() {
     for (size_t block = 0; block < file.Size() && !done; block += kBlock) {
+        await(std::min(block + kBlock, file.Size()));
         CollectLineEnds(block);
         TakePairs();
     }
@@ -105,7 +109,7 @@ void AsciiIndexer::Run() {
         TakePairs();
     }
     if (done) return;
-    if (lineStart < bodyEnd)
+    if (lineStart < BodyEnd())
         throw Error("line " + std::to_string(LineNumber(lineStart)) +
                     ": the file ends inside a group; its end is missing");
     FinishAt(lineStart);
@@ -165,7 +169,7 @@ Action AsciiIndexer::ExactAction(size_t codeStop, size_t codeEnd) {
     const int code = ParseCode({data + lineStart, codeStop - lineStart});
     if (code != kNoCode) return ActionOfCode(code);
     if (!builder.SeenRecord()) RefuseFirstLine(codeStop);
-    if (lineStart >= bodyEnd) {
+    if (lineStart >= BodyEnd()) {
         FinishAt(lineStart);
     } else {
         NoteBadLine(codeStop);
@@ -212,12 +216,23 @@ void AsciiIndexer::FinishAt(size_t offset) {
     builder.Finish(std::min(offset, file.Size()));
 }
 
+// From there on nothing but blanks and Ctrl-Z.
+size_t AsciiIndexer::BodyEnd() {
+    if (!bodyEnd) {
+        await(file.Size());
+        bodyEnd = file.View().find_last_not_of(std::string_view(" \t\r\n\x1A\0", 6)) + 1;
+    }
+    return *bodyEnd;
+}
+
 uint64_t AsciiIndexer::LineNumber(size_t offset) const {
     return CountByte(data, offset, index.lineEnd) + 1;
 }
 
 }  // namespace
 
-void IndexAscii(const Buffer& file, FileIndex& index) { AsciiIndexer(file, index).Run(); }
+void IndexAscii(const Buffer& file, FileIndex& index, const Await& await) {
+    AsciiIndexer(file, index, await).Run();
+}
 
 }  // namespace dxf

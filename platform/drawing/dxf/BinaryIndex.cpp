@@ -3,7 +3,8 @@
 
 namespace dxf {
 
-void IndexBinary(const Buffer& file, FileIndex& index) {
+void IndexBinary(const Buffer& file, FileIndex& index, const Await& await) {
+    await(file.Size());
     IndexBuilder builder(file, index);
     GroupReader groups(Format::Binary, index.wideCodes, file.View(), index.bodyBegin);
     Group group;

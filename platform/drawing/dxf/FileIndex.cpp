@@ -13,6 +13,7 @@ using namespace std::literals;
 
 constexpr std::string_view kSentinel = "AutoCAD Binary DXF\r\n\x1a\0"sv;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF"sv;
+constexpr size_t kFirst = 4096;  // bytes that mostly tell the line end
 
 struct Signature {
     std::string_view bytes;
@@ -43,8 +44,10 @@ void RefuseForeign(std::string_view bytes) {
 
 }  // namespace
 
-void RecogniseFile(const Buffer& file, FileIndex& index) {
+void RecogniseFile(const Buffer& file, FileIndex& index, const Await& await) {
     const std::string_view bytes = file.View();
+    const size_t first = std::min(bytes.size(), kFirst);
+    await(first);
     RefuseForeign(bytes);
     if (bytes.starts_with(kSentinel)) {
         index.format = Format::Binary;
@@ -56,8 +59,10 @@ void RecogniseFile(const Buffer& file, FileIndex& index) {
     }
     index.format = Format::Ascii;
     index.bodyBegin = bytes.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
-    const bool carriageReturns = bytes.find('\n') == bytes.npos && bytes.find('\r') != bytes.npos;
-    index.lineEnd = carriageReturns ? '\r' : '\n';
+    index.lineEnd = '\n';
+    if (bytes.substr(0, first).find('\n') != bytes.npos) return;
+    await(bytes.size());
+    if (bytes.find('\n') == bytes.npos && bytes.find('\r') != bytes.npos) index.lineEnd = '\r';
 }
 
 // Records of ordinary drawings have 80 bytes and more. A file of nothing but the smallest ones

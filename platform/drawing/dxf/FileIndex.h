@@ -1,6 +1,7 @@
 // What one pass over a file finds.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,11 +26,14 @@ struct FileIndex {
     std::vector<Finding> findings;
 };
 
+// Returns when the first `end` bytes of the file are there: it may be indexed while it is read.
+using Await = std::function<void(size_t end)>;
+
 // Tells format and line ends from the first bytes. Throws Error for an empty or foreign file.
-void RecogniseFile(const Buffer& file, FileIndex& index);
+void RecogniseFile(const Buffer& file, FileIndex& index, const Await& await);
 // Fill the index; each throws Error for a file that cannot be read at all.
-void IndexAscii(const Buffer& file, FileIndex& index);
-void IndexBinary(const Buffer& file, FileIndex& index);
+void IndexAscii(const Buffer& file, FileIndex& index, const Await& await);
+void IndexBinary(const Buffer& file, FileIndex& index, const Await& await);
 
 // Takes the records of a file in their order and follows its sections.
 class IndexBuilder {

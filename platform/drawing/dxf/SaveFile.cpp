@@ -15,6 +15,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/drawing/dxf/Descriptor.h"
 #include "platform/drawing/dxf/Group.h"
 
 namespace dxf {
@@ -25,23 +26,6 @@ namespace {
     throw Error(path + ": " + std::string(what) + ": " + std::strerror(error) +
                 "; nothing was changed");
 }
-
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number(number) {}
-    ~Descriptor() {
-        if (number >= 0) ::close(number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int Number() const { return number; }
-    // A file system may tell only here that it could not write.
-    int Close() { return ::close(std::exchange(number, -1)); }
-
-  private:
-    int number;
-};
 
 // Removes a file at the end of a scope unless it was kept.
 class Removal {
@@ -71,39 +55,57 @@ int WriteAll(int file, std::string_view bytes) {
 }
 
 // Drawings mostly change in small pieces: copying those into a buffer is cheaper than handing each
-// to the kernel. Large ones go as they are. Behind an error nothing more is written.
+// to the kernel. Large ones go as they are. While one buffer is written the next is filled. Behind
+// an error nothing more is written.
 class GatheringFile {
   public:
-    explicit GatheringFile(int file) : file(file) { gathered.reserve(kGather); }
+    explicit GatheringFile(int file) : file(file) {}
 
     void Add(std::string_view piece) {
         const bool large = piece.size() >= kLarge;
-        if (large || gathered.size() + piece.size() > kGather) Flush();
-        if (!large) {
+        if (large || gathered.size() + piece.size() > kGather) WriteBeside();
+        if (large) {
+            Write(piece);
+        } else {
             gathered += piece;
-        } else if (error == 0) {
-            error = WriteAll(file, piece);
         }
     }
-    void Flush() {
-        if (error == 0) error = WriteAll(file, gathered);
-        gathered.clear();
+    // 0 or an errno.
+    int Finish() {
+        Write(gathered);
+        return error;
     }
-    int Error() const { return error; }
 
   private:
-    static constexpr size_t kGather = 256 * 1024, kLarge = 64 * 1024;
+    static constexpr size_t kGather = size_t(1) << 20, kLarge = 64 * 1024;
 
-    int file;
-    std::string gathered;
-    int error = 0;  // 0 or an errno
+    void AwaitBeside() {
+        if (!beside.valid()) return;
+        const int failed = beside.get();
+        if (error == 0) error = failed;
+    }
+    void Write(std::string_view bytes) {
+        AwaitBeside();
+        if (error == 0) error = WriteAll(file, bytes);
+    }
+    void WriteBeside() {
+        AwaitBeside();
+        std::swap(gathered, written);
+        gathered.clear();
+        if (error != 0 || written.empty()) return;
+        beside = std::async(std::launch::async, [this] { return WriteAll(file, written); });
+    }
+
+    const int file;
+    std::string gathered, written;
+    int error = 0;
+    std::future<int> beside;  // last: it uses what was gathered
 };
 
 int WriteContent(int file, const Content& content) {
     GatheringFile gathering(file);
     content([&](std::string_view piece) { gathering.Add(piece); });
-    gathering.Flush();
-    return gathering.Error();
+    return gathering.Finish();
 }
 
 // The file that a path means: what a link points at, else the path itself.

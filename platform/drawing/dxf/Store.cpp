@@ -14,11 +14,17 @@ Store::~Store() = default;
 std::unique_ptr<Store> Store::Read(const std::string& nativePath) {
     try {
         std::unique_ptr<Store> store(new Store);
-        FileInput input = ReadFile(nativePath);
-        store->impl->file = std::move(input.bytes);
-        store->impl->path = std::move(input.path);
-        if (!store->impl->path.empty()) store->impl->filesMet[store->impl->path] = input.identity;
-        store->impl->IndexFile();
+        Impl& impl = *store->impl;
+        FileInput input(nativePath, impl.file);
+        impl.path = input.Path();
+        if (!impl.path.empty()) impl.filesMet[impl.path] = input.Identity();
+        try {
+            impl.IndexFile([&](size_t end) { input.Await(end); });
+        } catch (const Error&) {
+            input.Finish();  // a file that changes meanwhile explains it better
+            throw;
+        }
+        input.Finish();
         return store;
     } catch (const Error& error) {
         throw Error((nativePath == "-" ? "standard input" : nativePath) + ": " + error.what());
@@ -28,13 +34,14 @@ std::unique_ptr<Store> Store::Read(const std::string& nativePath) {
 std::unique_ptr<Store> Store::Parse(std::string bytes) {
     std::unique_ptr<Store> store(new Store);
     store->impl->file = Buffer(bytes);
-    store->impl->IndexFile();
+    store->impl->IndexFile([](size_t) {});
     return store;
 }
 
-void Store::Impl::IndexFile() {
-    RecogniseFile(file, index);
-    index.format == Format::Ascii ? IndexAscii(file, index) : IndexBinary(file, index);
+void Store::Impl::IndexFile(const Await& await) {
+    RecogniseFile(file, index, await);
+    index.format == Format::Ascii ? IndexAscii(file, index, await)
+                                  : IndexBinary(file, index, await);
     fileCount = index.records.Count();
     edits.Expect(fileCount);
     version = VersionOfName(index.header.version);
@@ -46,10 +53,9 @@ void Store::Impl::IndexFile() {
 }
 
 void Store::Impl::EnterHandles() {
-    RecordIndex count = 0, duplicates = 0;
+    RecordIndex duplicates = 0;
     uint64_t highest = 0;
-    for (RecordIndex i = 0; i < fileCount; ++i) count += index.records[i].handle != 0;
-    handles.Reserve(count);
+    handles.Reserve(fileCount);
     for (RecordIndex i = 0; i < fileCount; ++i) {
         Record& record = index.records[i];
         if (record.handle == 0) continue;

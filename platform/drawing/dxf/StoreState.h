@@ -50,7 +50,7 @@ struct Store::Impl {
     std::unordered_set<RecordIndex> recordedIndexes;
 
     // Set-up, after the file is there.
-    void IndexFile();
+    void IndexFile(const Await& await);
     void EnterHandles();
 
     uint64_t FileEnd(RecordIndex number) const {

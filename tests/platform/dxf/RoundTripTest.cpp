@@ -1,5 +1,9 @@
 // What nobody changed comes out byte for byte.
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <functional>
 
 #include "tests/platform/dxf/Samples.h"
 
@@ -99,6 +103,41 @@ TEST(RoundTrip, OldMacintoshLinesAreIndexedAndKept) {
     store->InsertAfter(text, store->NewWriter(text).String(0, "POINT").Handle(5, 0x24).Take());
     EXPECT_EQ(store->ToBytes().find('\n'), std::string::npos);
     EXPECT_EQ(Store::Parse(store->ToBytes())->Count(), store->Count());
+}
+
+// What a file holds, or why it is refused.
+std::string Outcome(const std::function<std::unique_ptr<Store>()>& open) {
+    try {
+        const auto store = open();
+        const RecordIndex last = store->FileCount() - 2;
+        return std::to_string(store->FileCount()) + " records, the last at " +
+               std::to_string(store->At(last).offset) + " found by its handle: " +
+               std::to_string(store->FindHandle(store->At(last - 1).handle) == last - 1);
+    } catch (const Error& error) {
+        const std::string what = error.what();
+        return what.substr(what.find(": line ") == what.npos ? 0 : what.find(": line ") + 2);
+    }
+}
+
+// A large file is indexed while it comes, in pieces; the same bytes in memory are the judge.
+TEST(RoundTrip, LargeFilesAreIndexedWhileTheyCome) {
+    std::string whole = "0\nSECTION\n2\nENTITIES\n";
+    for (int i = 1; whole.size() < 9'000'000; ++i)
+        whole += "0\nTEXT\n5\n" + std::to_string(100000 + i) + "\n8\nLAYER\n1\n" +
+                 std::string(size_t(i % 977), 'c') + "\n";
+    const std::string end = "0\nENDSEC\n0\nEOF\n";
+    std::string carriageReturns = whole + end;
+    std::ranges::replace(carriageReturns, '\n', '\r');
+    const auto path =
+        std::filesystem::temp_directory_path() / ("large-" + std::to_string(::getpid()) + ".dxf");
+    for (const std::string& bytes :
+         {whole + end, carriageReturns, whole + "0\nTEXT\n1", "no code\n" + whole + end}) {
+        WriteBytes(path, bytes);
+        const std::string read = Outcome([&] { return Store::Read(path.string()); });
+        EXPECT_EQ(read, Outcome([&] { return Store::Parse(bytes); }));
+        EXPECT_TRUE(read.starts_with("line ") || read.ends_with(": 1")) << read;
+    }
+    std::filesystem::remove(path);
 }
 
 }  // namespace
