@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <cstring>
-#include <memory>
 #include <string_view>
+
+#include "platform/drawing/dxf/SharedBytes.h"
 
 namespace dxf {
 
@@ -13,29 +13,22 @@ namespace dxf {
 class Overlay {
   public:
     Overlay() = default;
-    explicit Overlay(std::string_view wholeRecord) : whole(true) { Take(wholeRecord); }
-    Overlay(uint32_t at, uint32_t removed, std::string_view inserted) : at(at), removed(removed) {
-        Take(inserted);
-    }
+    explicit Overlay(std::string_view wholeRecord) : bytes(wholeRecord), removed(kWhole) {}
+    Overlay(uint32_t at, uint32_t removed, std::string_view inserted)
+        : bytes(inserted), at(at), removed(removed) {}
 
-    explicit operator bool() const { return bytes != nullptr; }
-    bool IsWhole() const { return whole; }
+    explicit operator bool() const { return bool(bytes); }
+    bool IsWhole() const { return removed == kWhole; }
     uint32_t At() const { return at; }
     uint32_t Removed() const { return removed; }
-    std::string_view Inserted() const { return {bytes.get(), size}; }
+    std::string_view Inserted() const { return bytes.View(); }
     bool SharesWith(const Overlay& other) const { return bytes == other.bytes; }
 
   private:
-    void Take(std::string_view taken) {
-        auto copy = std::make_shared_for_overwrite<char[]>(taken.size());
-        std::memcpy(copy.get(), taken.data(), taken.size());
-        bytes = std::move(copy);
-        size = static_cast<uint32_t>(taken.size());
-    }
+    static constexpr uint32_t kWhole = 0xFFFFFFFF;
 
-    std::shared_ptr<const char[]> bytes;
-    uint32_t size = 0, at = 0, removed = 0;
-    bool whole = false;
+    SharedBytes bytes;
+    uint32_t at = 0, removed = 0;
 };
 
 }  // namespace dxf
