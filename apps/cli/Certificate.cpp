@@ -36,8 +36,8 @@ dxf::RecordIndex FirstRecordBehind(const dxf::Store& store, size_t offset) {
 }
 
 // A record of the file before as it stands there, in the new file about a place.
-std::optional<size_t> FindNear(std::string_view after, std::string_view record, size_t place) {
-    const size_t window = after.size() / 256 + 4096;
+std::optional<size_t> FindNear(std::string_view after, std::string_view record, size_t place,
+                               size_t window) {
     const size_t from = place - std::min(place, window);
     if (from >= after.size()) return std::nullopt;
     const std::string_view near = after.substr(from, 2 * window);
@@ -47,21 +47,28 @@ std::optional<size_t> FindNear(std::string_view after, std::string_view record, 
     return from + static_cast<size_t>(found - near.begin());
 }
 
-// A seam about a place of the file before. The new file has grown evenly, or behind that place
-// alone, as records make it. A wrong seam does no harm: the comparison up to it does not end at it
-// then.
-std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after, size_t about) {
+// A seam about a place of the file before, behind another seam. The new file has grown evenly, or
+// behind that place alone, as records make it. A wrong seam does no harm: the comparison up to it
+// does not end at it then.
+std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after, const Seam& last,
+                             size_t about) {
     constexpr dxf::RecordIndex kTries = 4;
+    constexpr size_t kNarrow = 16 * 1024;
+    const size_t wide = after.size() / 256 + kNarrow;
     const std::string_view before = store.Original();
     const double growth = static_cast<double>(after.size()) / static_cast<double>(before.size());
     const dxf::RecordIndex first = FirstRecordBehind(store, about);
     for (dxf::RecordIndex i = first; i < first + kTries && i + 1 < store.FileCount(); ++i) {
-        if (store.At(i).handle == 0) continue;
         const size_t place = store.At(i).offset;
+        if (store.At(i).handle == 0 || place <= last.before) continue;
         const std::string_view record = before.substr(place, store.At(i + 1).offset - place);
-        const auto grown = static_cast<size_t>(static_cast<double>(place) * growth);
-        for (const size_t guess : {grown, place}) {
-            if (const auto found = FindNear(after, record, guess)) return Seam{i, place, *found};
+        const size_t length = place - last.before;
+        const auto grown = static_cast<size_t>(static_cast<double>(length) * growth);
+        for (const size_t window : {kNarrow, wide}) {
+            for (const size_t guess : {last.after + grown, last.after + length}) {
+                const auto found = FindNear(after, record, guess, window);
+                if (found) return Seam{i, place, *found};
+            }
         }
     }
     return std::nullopt;
@@ -69,7 +76,7 @@ std::optional<Seam> FindSeam(const dxf::Store& store, std::string_view after, si
 
 // More parts than threads, so that one that is slower gets fewer.
 std::vector<Stretch> Divide(const dxf::Store& store, std::string_view after) {
-    constexpr size_t kParts = 8;
+    constexpr size_t kParts = 16;
     const size_t size = store.Original().size();
     std::vector<Stretch> stretches;
     Seam last;
@@ -79,7 +86,7 @@ std::vector<Stretch> Divide(const dxf::Store& store, std::string_view after) {
         last = seam;
     };
     for (size_t part = 1; part < kParts; ++part) {
-        const auto seam = FindSeam(store, after, size / kParts * part);
+        const auto seam = FindSeam(store, after, last, size / kParts * part);
         if (seam && seam->before > last.before && seam->after > last.after) end(*seam);
     }
     end({store.FileCount(), size, after.size()});
@@ -94,7 +101,8 @@ struct View {
 
 Certificate CompareWhole(const dxf::Store& store, const View& view, const Expectation& expected) {
     const Stretch all{0, store.FileCount(), 0, store.Original().size(), 0, view.after.size()};
-    Comparison comparison(store, view.after, expected, all, view.passed);
+    Found found(expected.texts.size());
+    Comparison comparison(store, view.after, expected, found, all, view.passed);
     comparison.Run();
     return comparison.Conclude();
 }
@@ -102,14 +110,15 @@ Certificate CompareWhole(const dxf::Store& store, const View& view, const Expect
 // Nothing where a part holds another difference than is expected: one comparison of the whole can
 // tell it better.
 std::optional<Certificate> CompareParts(const dxf::Store& store, const View& front,
-                                        const View& back, const Expectation& expected) {
-    const std::vector<Stretch> stretches = Divide(store, front.after);
+                                        const View& back, const Expectation& expected,
+                                        std::span<const Stretch> stretches) {
+    Found found(expected.texts.size());
     std::vector<std::unique_ptr<Comparison>> parts(stretches.size());
     std::atomic<size_t> next = 0;
     const auto compare = [&](const View& view) {
         for (size_t i = next++; i < parts.size(); i = next++) {
-            parts[i] = std::make_unique<Comparison>(store, view.after, expected, stretches[i],
-                                                    view.passed);
+            parts[i] = std::make_unique<Comparison>(store, view.after, expected, found,
+                                                    stretches[i], view.passed);
             parts[i]->Run();
         }
     };
@@ -122,10 +131,10 @@ std::optional<Certificate> CompareParts(const dxf::Store& store, const View& fro
 }
 
 Certificate Compare(const dxf::Store& store, const View& front, const View& back,
-                    Expectation expected) {
+                    Expectation expected, std::span<const Stretch> stretches) {
     SortByHandle(expected.texts);
     if (!expected.recordKeys.empty()) expected.root = DrawingStructure(store).rootDictionary;
-    const auto parts = CompareParts(store, front, back, expected);
+    const auto parts = CompareParts(store, front, back, expected, stretches);
     return parts && parts->Holds() ? *parts : CompareWhole(store, front, expected);
 }
 
@@ -144,11 +153,14 @@ Certificate Certify(const dxf::Store& before, std::string_view after, Expectatio
     const auto tell = [&](size_t position, size_t) {
         if (progress) progress(static_cast<double>(position) / size);
     };
-    return Compare(before, {after, tell}, {after, [](size_t, size_t) {}}, std::move(expected));
+    return Compare(before, {after, tell}, {after, [](size_t, size_t) {}}, std::move(expected),
+                   Divide(before, after));
 }
 
 Certificate CertifyFile(const dxf::Store& before, const std::string& afterPath,
                         Expectation expected, const CertificateProgress& progress) {
+    // In a mapping of its own, since the looks all over the file would stay in memory.
+    const auto stretches = Divide(before, MappedFile(afterPath).Bytes());
     const MappedFile front(afterPath), back(afterPath);
     const double size = static_cast<double>(before.Original().size());
     const auto tell = [&](size_t position, size_t afterPosition) {
@@ -156,7 +168,8 @@ Certificate CertifyFile(const dxf::Store& before, const std::string& afterPath,
         if (progress) progress(static_cast<double>(position) / size);
     };
     const auto drop = [&](size_t, size_t afterPosition) { back.DropBefore(afterPosition); };
-    return Compare(before, {front.Bytes(), tell}, {back.Bytes(), drop}, std::move(expected));
+    return Compare(before, {front.Bytes(), tell}, {back.Bytes(), drop}, std::move(expected),
+                   stretches);
 }
 
 }  // namespace cli

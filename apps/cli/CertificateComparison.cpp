@@ -2,6 +2,7 @@
 #include "apps/cli/CertificateComparison.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 #include "apps/cli/Failure.h"
@@ -14,16 +15,20 @@ namespace {
 
 constexpr size_t kBlock = size_t{1} << 22;
 
-// The fields of a string in the xdata of a wire or a virtual attribute; empty ones do not count.
-std::vector<std::u16string_view> Fields(std::u16string_view text) {
-    std::vector<std::u16string_view> fields;
-    while (!text.empty()) {
-        const size_t end = std::min(text.find(u'\f'), text.size());
-        if (end > 0) fields.push_back(text.substr(0, end));
-        text.remove_prefix(std::min(end + 1, text.size()));
+// The first fields of a string in the xdata of a wire or a virtual attribute; empty ones do not
+// count.
+struct Fields {
+    explicit Fields(std::u16string_view text) {
+        while (!text.empty() && count < field.size()) {
+            const size_t end = std::min(text.find(u'\f'), text.size());
+            if (end > 0) field[count++] = text.substr(0, end);
+            text.remove_prefix(std::min(end + 1, text.size()));
+        }
     }
-    return fields;
-}
+
+    std::array<std::u16string_view, 3> field;
+    size_t count = 0;
+};
 
 std::u16string_view Trimmed(std::u16string_view text) {
     return text::TrimLeft(text::TrimRight(text));
@@ -51,13 +56,13 @@ void SortByHandle(std::vector<ExpectedText>& texts) {
 }
 
 Comparison::Comparison(const dxf::Store& store, std::string_view after,
-                       const Expectation& expectation, Stretch stretch, Passed passed)
+                       const Expectation& expectation, Found& found, Stretch stretch, Passed passed)
     : store(store),
       before(store.Original().substr(0, stretch.beforeEnd)),
       after(after.substr(0, stretch.afterEnd)),
       texts(expectation.texts),
       present(texts.begin(), texts.begin()),
-      found(texts.size(), false),
+      found(found),
       records(store, expectation),
       passed(std::move(passed)),
       first(stretch.first),
@@ -210,12 +215,15 @@ void Comparison::CompareTexts(uint64_t handle) {
 
 bool Comparison::IsExpected(uint64_t handle, const Item& old, const Item& now) {
     if (old.code != now.code || old.part != now.part) return false;
+    const bool xdata = old.part == Item::Part::XData;
+    if (xdata ? !ReadFields(old, now) : old.code != 1) return false;
     for (const ExpectedText& text : TextsOf(handle)) {
         const auto position = static_cast<size_t>(&text - texts.data());
         // Each string takes an expected text of its own. An attribute with a text of several lines
         // inside holds its one text there once more.
         const bool again = old.part == Item::Part::Embedded;
-        if (found[position] != again || !Matches(text, old, now)) continue;
+        if (text.xdata != xdata || found[position] != again) continue;
+        if (!(xdata ? FieldsMatch(text) : Matches(text, old, now))) continue;
         found[position] = true;
         return true;
     }
@@ -241,17 +249,23 @@ bool Comparison::HeldText(const Item& item, std::u16string_view text) const {
 
 // What is embedded may have said the text with formatting codes, which the new one has not.
 bool Comparison::Matches(const ExpectedText& text, const Item& old, const Item& now) const {
-    if (text.xdata != (old.part == Item::Part::XData)) return false;
-    if (!text.xdata) {
-        const bool held = old.part == Item::Part::Embedded || HeldText(old, *text.before);
-        return old.code == 1 && held && HoldsText(now, *text.after);
-    }
-    const std::u16string was = store.Codec().Decode(old.value);
-    const std::u16string is = store.Codec().Decode(now.value);
-    const auto wasFields = Fields(was), isFields = Fields(is);
-    return wasFields.size() > 1 && isFields.size() > 1 && wasFields[0] == isFields[0] &&
-           Trimmed(wasFields[1]) == *text.before && isFields[1] == *text.after &&
-           (isFields.size() < 3 || (wasFields.size() > 2 && wasFields[2] == isFields[2]));
+    const bool held = old.part == Item::Part::Embedded || HeldText(old, *text.before);
+    return held && HoldsText(now, *text.after);
+}
+
+// Of a string in extended data the second field alone may differ.
+bool Comparison::ReadFields(const Item& old, const Item& now) {
+    oldString = store.Codec().Decode(old.value);
+    newString = store.Codec().Decode(now.value);
+    const Fields was(oldString), is(newString);
+    oldField = Trimmed(was.field[1]);
+    newField = is.field[1];
+    return was.count > 1 && is.count > 1 && was.field[0] == is.field[0] &&
+           (is.count < 3 || was.field[2] == is.field[2]);
+}
+
+bool Comparison::FieldsMatch(const ExpectedText& text) const {
+    return oldField == *text.before && newField == *text.after;
 }
 
 // An expected text that nothing in the new file shows is a difference too. A text that is the same
@@ -277,7 +291,6 @@ void Comparison::Run() {
 }
 
 void Comparison::Add(const Comparison& next) {
-    for (size_t i = 0; i < found.size(); ++i) found[i] = found[i] || next.found[i];
     if (result.others == 0) result.firstOther = next.result.firstOther;
     result.others += next.result.others;
     records.Add(next.records);

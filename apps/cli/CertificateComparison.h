@@ -1,6 +1,7 @@
 // The comparison of one stretch of a saved drawing with the same stretch of the file before.
 #pragma once
 
+#include <atomic>
 #include <span>
 
 #include "apps/cli/Certificate.h"
@@ -15,6 +16,9 @@ struct Stretch {
     size_t afterBegin = 0, afterEnd = 0;
 };
 
+// Which of the expected texts were found, by any of the comparisons of one file.
+using Found = std::vector<std::atomic<bool>>;
+
 // Told up to where the two files have been compared.
 using Passed = std::function<void(size_t before, size_t after)>;
 
@@ -24,9 +28,10 @@ void SortByHandle(std::vector<ExpectedText>& texts);
 // groups. Only records that differ are read. Two stretches may be compared on two threads.
 class Comparison {
   public:
-    // The texts of the expectation are sorted by handle; it must live as long as the comparison.
+    // The texts of the expectation are sorted by handle. It and what was found of it must live as
+    // long as the comparison.
     Comparison(const dxf::Store& store, std::string_view after, const Expectation& expectation,
-               Stretch stretch, Passed passed);
+               Found& found, Stretch stretch, Passed passed);
 
     void Run();
     bool FoundOthers() const { return result.others > 0; }
@@ -44,6 +49,8 @@ class Comparison {
     void FetchAhead(size_t next) const;
     bool IsExpected(uint64_t handle, const Item& old, const Item& now);
     bool Matches(const ExpectedText& text, const Item& old, const Item& now) const;
+    bool ReadFields(const Item& old, const Item& now);
+    bool FieldsMatch(const ExpectedText& text) const;                 // of the strings read last
     bool HeldText(const Item& item, std::u16string_view text) const;  // between blanks
     bool HoldsText(const Item& item, std::u16string_view text) const;
     bool Says(const Item& item, std::u16string_view text) const;
@@ -56,15 +63,17 @@ class Comparison {
     const std::string_view before, after;  // up to the end of the stretch
     const std::vector<ExpectedText>& texts;
     std::span<const ExpectedText> present;  // of the object that was asked for last
-    std::vector<bool> found;
+    Found& found;
     WrittenRecords records;
     Passed passed;
 
     const dxf::RecordIndex first, last;
-    size_t b, a;                     // up to here both files have been compared
-    dxf::RecordIndex index;          // the last record that begins at or before b
-    size_t same = 0;                 // bytes at the begin of the records that differ now
-    RawRecord oldRecord, newRecord;  // those that differ now
+    size_t b, a;                          // up to here both files have been compared
+    dxf::RecordIndex index;               // the last record that begins at or before b
+    size_t same = 0;                      // bytes at the begin of the records that differ now
+    RawRecord oldRecord, newRecord;       // those that differ now
+    std::u16string oldString, newString;  // of extended data, and their translated fields
+    std::u16string_view oldField, newField;
     Certificate result;
 };
 

@@ -112,9 +112,9 @@ TEST(Certificate, ATextInsideAnAttributeFollowsTheAttributes) {
     } cases[] = {
         {"An^Jtrieb", "An\\Ptrieb", 0}, {"An^Jtrieb", "Antrieb", 1}, {"Motor", "An\\Ptrieb", 2}};
     for (const auto& c : cases) {
-        const Certificate certificate =
-            cli::Certify(*before, drawing(c.own, c.inside),
-                         {.texts = {{0x33, Kept(u"Motor"), Kept(u"An\ntrieb"), false}}});
+        cli::Expectation expected;
+        expected.texts = {{0x33, Kept(u"Motor"), Kept(u"An\ntrieb"), false}};
+        const Certificate certificate = cli::Certify(*before, drawing(c.own, c.inside), expected);
         EXPECT_EQ(certificate.others, c.others) << c.own << c.inside;
     }
 }
