@@ -187,6 +187,29 @@ void FazerAoMesmoTempo(const std::function<void()>& um, const std::function<void
     segunda.join();
 }
 
+TEST(Expressoes, ManyTextsFindTheirLinesAndTerms) {
+    constexpr size_t kTextos = 20000, kTermos = 15000;
+    const auto texto = [](const char16_t* prefixo, size_t i) {
+        return TQString(prefixo) + TQString(static_cast<int>(i), 0);
+    };
+    std::vector<TQString> textos;
+    for (size_t i = 0; i < 2 * kTextos; ++i) textos.push_back(texto(u"t", i % kTextos));
+    std::vector<std::vector<TQString>> termos;
+    for (size_t i = 0; i < kTermos; ++i) termos.push_back({texto(u"t", i), texto(u"d", i), u""});
+    const auto objetos = Objetos(textos);
+    Tabela tabela;
+    tabela.fazerAmbos = FazerAoMesmoTempo;
+    tabela.traducoes = Dicionario(termos);
+    tabela.AgruparExpressoes(*objetos);
+    tabela.AtualizarExpressoes(tabela.traducoes->languages[0], tabela.traducoes->languages[1]);
+    ASSERT_EQ(tabela.expressoes->size(), kTextos);
+    for (size_t i = 0; i < kTextos; ++i) {
+        ASSERT_EQ(tabela.Linha(i).original, textos[i]);
+        ASSERT_EQ(tabela.Linha(i).objetos.size(), 2u);
+        ASSERT_EQ(tabela.Linha(i).traducao, i < kTermos ? texto(u"d", i) : TQString());
+    }
+}
+
 TEST(Expressoes, RandomTablesAgreeWithTheQuadraticRules) {
     std::mt19937 acaso(20240607);
     // Few letters, so that texts repeat, differ in case alone, and meet in several terms.

@@ -23,22 +23,30 @@ std::optional<size_t> PosicaoDe(const std::vector<TQString>& nomes, const TQStri
     return static_cast<size_t>(achado - nomes.begin());
 }
 
+template <class TextoDe>
+IndiceTextos::Vistas VistasDe(size_t quantidade, const FazerAmbos& fazerAmbos,
+                              const TextoDe& textoDe) {
+    IndiceTextos::Vistas vistas(quantidade);
+    EmPartes(quantidade, kParte, fazerAmbos, [&](size_t inicio, size_t fim) {
+        for (size_t i = inicio; i < fim; ++i) vistas[i] = textoDe(i);
+    });
+    return vistas;
+}
+
 IndiceTextos IndiceDosTermos(const std::vector<structTermo>& termos, size_t coluna,
                              const FazerAmbos& fazerAmbos) {
-    IndiceTextos::Vistas textos;
-    textos.reserve(termos.size());
-    for (const structTermo& termo : termos) textos.emplace_back(termo.translations.at(coluna));
-    return IndiceTextos(std::move(textos), fazerAmbos);
+    const auto textoDe = [&](size_t i) -> const TQString& {
+        return termos[i].translations.at(coluna);
+    };
+    return IndiceTextos(VistasDe(termos.size(), fazerAmbos, textoDe), fazerAmbos);
 }
 
 // The line of each object, and how many lines there are. What it takes to find out is gone before
 // the lines are made.
 size_t NumerarTextos(const std::vector<ETraduzivel*>& objetos, const FazerAmbos& fazerAmbos,
                      std::vector<uint32_t>& linhas) {
-    IndiceTextos::Vistas textos;
-    textos.reserve(objetos.size());
-    for (const ETraduzivel* objeto : objetos) textos.push_back(*objeto->GetTexto());
-    const IndiceTextos indice(std::move(textos), fazerAmbos);
+    const auto textoDe = [&](size_t i) -> const TQString& { return *objetos[i]->GetTexto(); };
+    const IndiceTextos indice(VistasDe(objetos.size(), fazerAmbos, textoDe), fazerAmbos);
     const std::vector<uint32_t>& primeiros = indice.Primeiros();
     linhas.resize(objetos.size());
     uint32_t quantidade = 0;

@@ -1,7 +1,7 @@
 // Finds for each text of a list the first one that is equal.
 #include "translator/dialogs/IndiceTextos.h"
 
-#include <bit>
+#include <utility>
 
 namespace traducaoTQ {
 
@@ -16,7 +16,7 @@ void AnteciparTexto(std::u16string_view texto) {
     __builtin_prefetch(texto.data() + texto.size());
 }
 
-uint32_t MarcaDe(size_t hash) { return static_cast<uint32_t>(hash >> 32); }
+uint32_t MarcaDe(size_t hash) { return static_cast<uint32_t>(hash); }
 size_t ParteDe(size_t hash) { return hash >> 63; }
 
 }  // namespace
@@ -28,7 +28,6 @@ IndiceTextos::IndiceTextos(Vistas vistas, const FazerAmbos& fazerAmbos)
     fazerAmbos([&] { metades[0] = Separar(textos, 0, meio); },
                [&] { metades[1] = Separar(textos, meio, textos.size()); });
     const auto entrar = [&](size_t parte) {
-        partes[parte].resize(std::bit_ceil(textos.size() + 1));
         for (const Entradas& metade : metades) Entrar(partes[parte], metade[parte]);
     };
     fazerAmbos([&] { entrar(0); }, [&] { entrar(1); });
@@ -49,7 +48,7 @@ void IndiceTextos::Antecipar(const Vistas& textos, const Vistas& conhecidos, con
                              const std::vector<Entrada>& entradas, size_t proxima) {
     if (proxima + kDistanciaCasa >= entradas.size()) return;
     const auto casa = [&](size_t distancia) -> const Casa& {
-        return parte[entradas[proxima + distancia].hash & (parte.size() - 1)];
+        return parte.casas[entradas[proxima + distancia].hash & (parte.casas.size() - 1)];
     };
     __builtin_prefetch(&casa(kDistanciaCasa));
     if (const uint32_t lugar = casa(kDistanciaVista).lugar) {
@@ -65,9 +64,23 @@ void IndiceTextos::Entrar(Parte& parte, const std::vector<Entrada>& entradas) {
     for (size_t i = 0; i < entradas.size(); ++i) {
         Antecipar(textos, textos, parte, entradas, i);
         const auto [hash, lugar] = entradas[i];
-        Casa& casa = parte[CasaDe(parte, textos, textos[lugar], hash)];
-        if (casa.lugar == 0) casa = {MarcaDe(hash), lugar + 1};
+        Casa& casa = parte.casas[CasaDe(parte, textos, textos[lugar], hash)];
+        const bool nova = casa.lugar == 0;
+        if (nova) casa = {MarcaDe(hash), lugar + 1};
         primeiros[lugar] = casa.lugar - 1;
+        if (nova && ++parte.ocupadas * 2 > parte.casas.size()) Dobrar(parte);
+    }
+}
+
+void IndiceTextos::Dobrar(Parte& parte) {
+    const std::vector<Casa> antigas =
+        std::exchange(parte.casas, std::vector<Casa>(parte.casas.size() * 2));
+    const size_t ultima = parte.casas.size() - 1;
+    for (const Casa& casa : antigas) {
+        if (casa.lugar == 0) continue;
+        size_t numero = casa.marca & ultima;
+        while (parte.casas[numero].lugar != 0) numero = (numero + 1) & ultima;
+        parte.casas[numero] = casa;
     }
 }
 
@@ -78,7 +91,7 @@ std::vector<uint32_t> IndiceTextos::Procurar(const Vistas& outros) const {
         for (size_t i = 0; i < entradas[p].size(); ++i) {
             Antecipar(outros, textos, partes[p], entradas[p], i);
             const auto [hash, lugar] = entradas[p][i];
-            const Casa& casa = partes[p][CasaDe(partes[p], textos, outros[lugar], hash)];
+            const Casa& casa = partes[p].casas[CasaDe(partes[p], textos, outros[lugar], hash)];
             achados[lugar] = casa.lugar == 0 ? kNenhum : casa.lugar - 1;
         }
     }
@@ -87,10 +100,10 @@ std::vector<uint32_t> IndiceTextos::Procurar(const Vistas& outros) const {
 
 size_t IndiceTextos::CasaDe(const Parte& parte, const Vistas& conhecidos, std::u16string_view texto,
                             size_t hash) {
-    const size_t ultima = parte.size() - 1;
+    const size_t ultima = parte.casas.size() - 1;
     size_t numero = hash & ultima;
-    while (parte[numero].lugar != 0) {
-        const Casa& casa = parte[numero];
+    while (parte.casas[numero].lugar != 0) {
+        const Casa& casa = parte.casas[numero];
         if (casa.marca == MarcaDe(hash) && conhecidos[casa.lugar - 1] == texto) break;
         numero = (numero + 1) & ultima;
     }

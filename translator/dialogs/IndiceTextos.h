@@ -28,12 +28,16 @@ class IndiceTextos {
 
   private:
     struct Casa {
-        uint32_t marca = 0;  // the upper half of the hash
+        uint32_t marca = 0;  // half of the hash
         uint32_t lugar = 0;  // of the text, from 1 on; 0: free
     };
-    // Half of the texts, by a bit of their hashes: open addressing with linear probing. A power of
-    // two, which the texts leave half empty in the mean.
-    using Parte = std::vector<Casa>;
+    // Half of the texts, by a bit of their hashes: open addressing with linear probing. It grows
+    // with the texts that differ, since most texts of a drawing are equal to others and a small
+    // table stays near the processor.
+    struct Parte {
+        std::vector<Casa> casas = std::vector<Casa>(1024);  // a power of two, half of them free
+        size_t ocupadas = 0;
+    };
     struct Entrada {
         size_t hash;
         uint32_t lugar;
@@ -44,6 +48,7 @@ class IndiceTextos {
     static void Antecipar(const Vistas& textos, const Vistas& conhecidos, const Parte& parte,
                           const std::vector<Entrada>& entradas, size_t proxima);
     void Entrar(Parte& parte, const std::vector<Entrada>& entradas);
+    static void Dobrar(Parte& parte);
     // The slot of the text, or the free one where it belongs.
     static size_t CasaDe(const Parte& parte, const Vistas& conhecidos, std::u16string_view texto,
                          size_t hash);
