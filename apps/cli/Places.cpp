@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "apps/cli/PromptHeap.h"
 #include "apps/cli/ReadBack.h"
 #include "apps/cli/SecondThread.h"
 
@@ -11,67 +12,76 @@ namespace cli {
 
 namespace {
 
-constexpr size_t kPart = 1024;
-
 // Lines, their lists and their objects stand anywhere in memory.
-void FetchAhead(const Lines& lines, uint32_t next, uint32_t last) {
-    constexpr uint32_t kLine = 24, kList = 16, kObject = 8;
+void FetchAhead(const Lines& lines, size_t next, size_t last) {
+    constexpr size_t kLine = 24, kList = 16, kObject = 8;
     if (next + kLine >= last) return;
-    __builtin_prefetch(&lines[next + kLine]->objetos);
+    __builtin_prefetch(lines[next + kLine].get());
     __builtin_prefetch(lines[next + kList]->objetos.data());
     __builtin_prefetch(lines[next + kObject]->objetos.front());
 }
 
-void AddPlaces(const Lines& lines, uint32_t first, uint32_t last, std::vector<Place>& places) {
-    std::unordered_set<uint64_t> inBlocks;
-    for (uint32_t line = first; line < last; ++line) {
-        FetchAhead(lines, line, last);
-        const auto& objects = lines[line]->objetos;
-        for (uint32_t number = 0; number < objects.size(); ++number) {
-            const traducaoTQ::ETraduzivel& object = *objects[number];
-            const uint64_t handle = HandleOf(object);
-            if (IsBlockText(object) && !inBlocks.insert(handle).second) continue;
-            places.push_back({handle, objects[number], line, number});
+class Taker {
+  public:
+    Taker(Lines& lines, size_t objects) : lines(lines) { places.reserve(objects); }
+
+    void Take(size_t first, size_t last) {
+        for (size_t line = first; line < last; ++line) {
+            FetchAhead(lines, line, last);
+            const bool wanted = IsTranslated(*lines[line]);
+            TakeObjects(static_cast<uint32_t>(line), wanted);
+            if (!wanted) lines[line].reset();
         }
     }
-    std::ranges::sort(places, {}, &Place::handle);
-}
+    std::vector<Place> TakeSorted() {
+        std::ranges::sort(places, {}, &Place::handle);
+        return std::move(places);
+    }
+
+  private:
+    void TakeObjects(uint32_t line, bool wanted) {
+        uint32_t number = 0;
+        for (auto* owned : std::exchange(lines[line]->objetos, {})) {
+            std::unique_ptr<traducaoTQ::ETraduzivel> object(owned);
+            const uint64_t handle = wanted ? HandleOf(*object) : 0;
+            const uint32_t place = number++;
+            if (!wanted || (IsBlockText(*object) && !inBlocks.insert(handle).second)) continue;
+            places.push_back({handle, std::move(object), line, place});
+        }
+    }
+
+    Lines& lines;
+    std::vector<Place> places;
+    std::unordered_set<uint64_t> inBlocks;
+};
 
 }  // namespace
 
-std::vector<Place> PlacesOf(const Lines& lines, size_t objects) {
-    const auto count = static_cast<uint32_t>(lines.size()), half = count / 2;
-    std::vector<Place> front, back;
-    front.reserve(objects);
-    back.reserve(objects);
-    SideBySide([&] { AddPlaces(lines, 0, half, front); },
-               [&] { AddPlaces(lines, half, count, back); });
-    const auto middle = static_cast<ptrdiff_t>(front.size());
-    std::ranges::copy(back, std::back_inserter(front));
-    std::ranges::inplace_merge(front, front.begin() + middle, {}, &Place::handle);
-    return front;
+// Memory mostly goes back to the thread that took it, which made about the same of the lines.
+std::vector<Place> TakePlaces(TranslationTable& table) {
+    constexpr size_t kPart = 4096;
+    const PromptHeap prompt;
+    auto& lines = *table.table.expressoes;
+    const size_t objects = table.objects->size();
+    std::exchange(*table.objects, {});  // every object is an object of one line
+    Taker front(lines, objects), back(lines, objects);
+    traducaoTQ::EmPartes(
+        lines.size(), kPart, table.table.fazerAmbos,
+        [&](size_t first, size_t last) { front.Take(first, last); },
+        [&](size_t first, size_t last) { back.Take(first, last); });
+    std::vector<Place> places, others;
+    SideBySide([&] { places = front.TakeSorted(); }, [&] { others = back.TakeSorted(); });
+    const auto middle = static_cast<ptrdiff_t>(places.size());
+    std::ranges::move(others, std::back_inserter(places));
+    std::ranges::inplace_merge(places, places.begin() + middle, {}, &Place::handle);
+    return places;
 }
 
-// Where a part of equal size would begin, or behind the object that stands across its begin.
-size_t Parts::BeginOf(size_t part) const {
-    size_t begin = std::min(part * kPart, places.size());
-    while (begin > 0 && begin < places.size() && places[begin].handle == places[begin - 1].handle) {
-        ++begin;
+size_t BehindObject(std::span<const Place> places, size_t place) {
+    while (place > 0 && place < places.size() && places[place].handle == places[place - 1].handle) {
+        ++place;
     }
-    return begin;
-}
-
-std::span<Place> Parts::Take() {
-    for (;;) {
-        const size_t part = next++;
-        const size_t begin = BeginOf(part), end = BeginOf(part + 1);
-        if (begin < end || begin == places.size()) return places.subspan(begin, end - begin);
-    }
-}
-
-double Parts::Taken() const {
-    const auto taken = static_cast<double>(next * kPart);
-    return std::min(taken / static_cast<double>(std::max<size_t>(places.size(), 1)), 1.0);
+    return place;
 }
 
 }  // namespace cli

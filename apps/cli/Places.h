@@ -1,7 +1,7 @@
 // Where the translations of lines are to be written.
 #pragma once
 
-#include <atomic>
+#include <memory>
 #include <span>
 #include <utility>
 #include <vector>
@@ -15,8 +15,8 @@ using Lines = traducaoTQ::ITabelaExpressoes::ListaExpressoes;
 // An object of a line.
 struct Place {
     uint64_t handle;
-    traducaoTQ::ETraduzivel* object;  // null once it is known that its text cannot be written
-    uint32_t line, number;            // which one of the line's objects it is
+    std::unique_ptr<traducaoTQ::ETraduzivel> object;
+    uint32_t line, number;  // which one of the line's objects it was
 };
 
 // Sorts places in the order of the lines.
@@ -24,30 +24,19 @@ inline std::pair<uint32_t, uint32_t> InLines(const Place& place) {
     return {place.line, place.number};
 }
 
-// The places of all lines, in the order of their handles, in which they stand in the file. The
-// references of one block show the same text, which is one place. objects: how many the lines have.
-std::vector<Place> PlacesOf(const Lines& lines, size_t objects);
+// Takes the objects out of the table. The places of all translated lines, in the order of their
+// handles, in which they stand in the file; the references of one block show the same text, which
+// is one place. Of the table the lines remain: without objects, and null where they have no
+// translation. The edits of a large drawing need the memory of the others.
+std::vector<Place> TakePlaces(TranslationTable& table);
 
 // Neighbours in the file stand anywhere in memory: fetches the object of a place ahead.
 inline void FetchObjectAhead(std::span<const Place> places, size_t next) {
     constexpr size_t kAhead = 12;
-    if (next + kAhead < places.size()) __builtin_prefetch(places[next + kAhead].object);
+    if (next + kAhead < places.size()) __builtin_prefetch(places[next + kAhead].object.get());
 }
 
-// Hands places that are sorted by handle out part by part, also to several threads. The places of
-// one object are in one part.
-class Parts {
-  public:
-    explicit Parts(std::span<Place> places) : places(places) {}
-
-    std::span<Place> Take();  // empty at the end
-    double Taken() const;     // how much, from 0 to 1
-
-  private:
-    size_t BeginOf(size_t part) const;
-
-    const std::span<Place> places;
-    std::atomic<size_t> next = 0;
-};
+// Up to there, from a place on, the places of one object stand together.
+size_t BehindObject(std::span<const Place> places, size_t place);
 
 }  // namespace cli

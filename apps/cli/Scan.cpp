@@ -8,7 +8,6 @@
 #include "apps/cli/Output.h"
 #include "apps/cli/SecondThread.h"
 #include "platform/drawing/OdError.h"
-#include "platform/drawing/SecondThread.h"
 #include "platform/text/Conversion.h"
 #include "translator/cad/CICad.h"
 #include "translator/dialogs/EmPartes.h"
@@ -32,18 +31,10 @@ std::vector<std::u16string> ChosenPages(const std::vector<std::u16string>& layer
     return pages;
 }
 
-void SideBySideInTheDrawing(const std::function<void()>& first,
-                            const std::function<void()>& second) {
-    SideBySide(first, [&] {
-        const OdDbSecondThread views;
-        second();
-    });
-}
-
 // The scan of mixed pages, by two threads.
 traducaoTQ::ListaTraduziveis RunParts(const traducaoTQ::ITradCad::Pedido& request) {
     using traducaoTQ::ITradCad;
-    constexpr size_t kPart = 8192;
+    constexpr size_t kPart = 4096;
     ITradCad scan;
     const std::vector<OdDbObjectId> ids = scan.BuscarObjetosMistos(request);
     const std::span<const OdDbObjectId> all(ids);

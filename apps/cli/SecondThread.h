@@ -38,6 +38,13 @@ auto OnSecondThread(Work work) {
     return result;
 }
 
+// Destroys it on the second thread, which has made it: memory given back by another thread costs
+// the one that took it more.
+template <class Made>
+void Discard(std::unique_ptr<Made> made) {
+    RunOnSecondThread([made = std::shared_ptr<Made>(std::move(made))]() mutable { made.reset(); });
+}
+
 // Does both, the second one on the second thread, and ends when both have ended. Of two exceptions
 // the first one's counts.
 template <class First, class Second>
@@ -46,5 +53,9 @@ void SideBySide(const First& first, const Second& second) {
     first();
     beside.Get();
 }
+
+// The same where both open objects of the current drawing.
+void SideBySideInTheDrawing(const std::function<void()>& first,
+                            const std::function<void()>& second);
 
 }  // namespace cli

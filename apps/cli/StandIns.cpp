@@ -8,18 +8,18 @@ namespace cli {
 using traducaoTQ::ETraduzivel;
 
 StandIns::StandIns(const Lines& lines, std::span<const Place> places) {
-    std::vector<Place> inBlocks;
+    std::vector<const Place*> inBlocks;
     std::unordered_set<std::u16string_view> translations;
     for (size_t i = 0; i < places.size(); ++i) {
         FetchObjectAhead(places, i);
         const Place& place = places[i];
         if (!IsBlockText(*place.object)) continue;
-        inBlocks.push_back(place);
+        inBlocks.push_back(&place);
         const structExpressao& line = *lines[place.line];
         if (line.traducao != line.original) translations.insert(line.traducao);
     }
-    for (const Place& place : inBlocks) {
-        if (translations.contains(lines[place.line]->original)) MoveAside(*place.object);
+    for (const Place* place : inBlocks) {
+        if (translations.contains(lines[place->line]->original)) MoveAside(*place->object);
     }
 }
 

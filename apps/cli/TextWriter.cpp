@@ -2,6 +2,7 @@
 #include "apps/cli/TextWriter.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "apps/cli/Output.h"
 #include "apps/cli/Places.h"
@@ -9,7 +10,7 @@
 #include "apps/cli/SecondThread.h"
 #include "apps/cli/StandIns.h"
 #include "platform/drawing/OdError.h"
-#include "platform/drawing/SecondThread.h"
+#include "translator/dialogs/EmPartes.h"
 
 namespace cli {
 
@@ -17,38 +18,20 @@ namespace {
 
 using traducaoTQ::ETraduzivel;
 
-// The objects of the dropped lines go too; the table's list holds the others. Memory mostly goes
-// back to the thread that took it, which made about the same of the lines.
-void DropUntranslatedLines(TranslationTable& table) {
-    auto& lines = *table.table.expressoes;
-    table.objects->clear();  // every object is an object of one line
-    const auto drop = [&](size_t begin, size_t end) {
-        for (auto& line : std::span(lines).subspan(begin, end - begin)) {
-            if (IsTranslated(*line)) continue;
-            for (const ETraduzivel* object : line->objetos) delete object;
-            line.reset();
-        }
-    };
-    constexpr size_t kPart = 4096;
-    traducaoTQ::EmPartes(lines.size(), kPart, table.table.fazerAmbos, drop);
-    std::erase(lines, nullptr);
-    for (const auto& line : lines) {
-        table.objects->insert(table.objects->end(), line->objetos.begin(), line->objetos.end());
-    }
-}
-
 // What all writers share, and none changes.
 struct Writing {
     const dxf::Store& store;  // asked for once: the drawing writes its dictionaries out for it
     const OnWritten& onWritten;
     const Lines& lines;
     const StandIns& standIns;
+    std::span<Place> places;
 };
 
 class TextWriter {
   public:
-    explicit TextWriter(const Writing& writing)
-        : writing(writing), file(writing.store.Original().data()) {}
+    // texts: what was written, by place.
+    TextWriter(const Writing& writing, std::span<ExpectedText> texts)
+        : writing(writing), texts(texts), file(writing.store.Original().data()) {}
 
     void Write(std::span<Place> places) {
         for (size_t i = 0; i < places.size(); ++i) {
@@ -99,18 +82,26 @@ class TextWriter {
         return record != dxf::kNoRecord && writing.store.CanChangeBeside(record);
     }
 
+    // The objects go when their texts are written, since the edits need their memory.
     void Write(Place& place) {
+        WriteObject(place);
+        place.object.reset();
+    }
+
+    void WriteObject(const Place& place) {
         ETraduzivel& object = *place.object;
         const structExpressao& line = *writing.lines[place.line];
         try {
             const ReadBack written(writing.store, object, place.handle, line);
             object.SetTexto(line.traducao);
-            if (!written.Holds()) return Refuse(place, ReasonNotFound(object));
+            if (!written.Holds()) return Report(place, ReasonNotFound(object));
         } catch (const OdError& error) {
             if (error.code() != eStringTooLong) throw;
             writing.standIns.PutBack(object, line);
-            return Refuse(place, error.description().narrowText());
+            return Report(place, error.description().narrowText());
         }
+        texts[static_cast<size_t>(&place - writing.places.data())] = {
+            place.handle, &line.original, &line.traducao, IsXdata(object)};
         const std::string remark =
             writing.onWritten ? writing.onWritten(object, line) : std::string();
         if (!remark.empty()) Report(place, remark);
@@ -128,11 +119,6 @@ class TextWriter {
         }
     }
 
-    void Refuse(Place& place, const std::string& reason) {
-        Report(place, reason);
-        place.object = nullptr;
-    }
-
     void Report(const Place& place, const std::string& reason) {
         const ETraduzivel& object = *place.object;
         reports.push_back(
@@ -142,57 +128,42 @@ class TextWriter {
     }
 
     const Writing& writing;
+    const std::span<ExpectedText> texts;
     const char* const file;
     std::vector<Place*> later;
     Reports reports;
 };
 
-Written WrittenOf(std::span<const Place> places, const Lines& lines, TextWriter::Reports reports) {
-    Written written;
-    written.texts.reserve(places.size());
-    for (size_t i = 0; i < places.size(); ++i) {
-        FetchObjectAhead(places, i);
-        const Place& place = places[i];
-        const structExpressao& line = *lines[place.line];
-        if (!place.object) continue;
-        written.texts.push_back(
-            {place.handle, &line.original, &line.traducao, IsXdata(*place.object)});
-    }
-    std::ranges::sort(reports, {}, &TextWriter::Reports::value_type::first);
-    for (auto& [place, report] : reports) written.unwritten.push_back(std::move(report));
-    return written;
-}
+constexpr size_t kPart = 1024;
 
 // Records are made in the order of the lines, from which they have their handles.
-TextWriter::Reports WriteInOrder(const Writing& writing, std::span<Place> places,
+TextWriter::Reports WriteInOrder(const Writing& writing, std::span<ExpectedText> texts,
                                  Progress& progress) {
-    std::ranges::sort(places, {}, InLines);
-    Parts parts(places);
-    TextWriter writer(writing);
-    for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
-        writer.Write(part);
-        progress.Reached(parts.Taken());
+    const std::span<Place> places = writing.places;
+    TextWriter writer(writing, texts);
+    for (size_t begin = 0; begin < places.size(); begin += kPart) {
+        writer.Write(places.subspan(begin, std::min(kPart, places.size() - begin)));
+        progress.Reached(static_cast<double>(begin) / static_cast<double>(places.size()));
     }
     return writer.TakeReports();
 }
 
-TextWriter::Reports WriteSideBySide(const Writing& writing, std::span<Place> places,
+TextWriter::Reports WriteSideBySide(const Writing& writing, std::span<ExpectedText> texts,
                                     Progress& progress) {
-    Parts parts(places);
-    TextWriter writer(writing), other(writing);
-    SideBySide(
-        [&] {
-            for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
-                writer.WriteBeside(part);
-                progress.Reached(parts.Taken());
-            }
-        },
-        [&] {
-            const OdDbSecondThread second;
-            for (auto part = parts.Take(); !part.empty(); part = parts.Take()) {
-                other.WriteBeside(part);
-            }
-        });
+    const std::span<Place> places = writing.places;
+    TextWriter writer(writing, texts), other(writing, texts);
+    std::atomic<size_t> done = 0;
+    const auto write = [&](TextWriter& by, size_t begin, size_t end) {
+        begin = BehindObject(places, begin);
+        end = std::max(begin, BehindObject(places, end));
+        by.WriteBeside(places.subspan(begin, end - begin));
+        done += end - begin;
+        progress.Reached(static_cast<double>(done) / static_cast<double>(places.size()));
+    };
+    traducaoTQ::EmPartes(
+        places.size(), kPart, SideBySideInTheDrawing,
+        [&](size_t begin, size_t end) { write(writer, begin, end); },
+        [&](size_t begin, size_t end) { write(other, begin, end); });
     writer.WriteLater();
     other.WriteLater();
     auto reports = writer.TakeReports();
@@ -204,13 +175,20 @@ TextWriter::Reports WriteSideBySide(const Writing& writing, std::span<Place> pla
 
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress) {
-    DropUntranslatedLines(table);
-    std::vector<Place> places = PlacesOf(table.Lines(), table.objects->size());
+    std::vector<Place> places = TakePlaces(table);
     const StandIns standIns(table.Lines(), places);
-    const Writing writing{drawing.store(), onWritten, table.Lines(), standIns};
-    const auto write = onWritten ? WriteInOrder : WriteSideBySide;
-    auto reports = write(writing, places, progress);
-    return WrittenOf(places, table.Lines(), std::move(reports));
+    if (onWritten) std::ranges::sort(places, {}, InLines);
+    const Writing writing{drawing.store(), onWritten, table.Lines(), standIns, places};
+    Written written;
+    written.texts.resize(places.size());
+    auto reports = (onWritten ? WriteInOrder : WriteSideBySide)(writing, written.texts, progress);
+    if (!reports.empty()) {
+        std::erase_if(written.texts, [](const ExpectedText& text) { return !text.before; });
+    }
+    std::ranges::sort(reports, {}, &TextWriter::Reports::value_type::first);
+    for (auto& [place, report] : reports) written.unwritten.push_back(std::move(report));
+    std::erase(*table.table.expressoes, nullptr);
+    return written;
 }
 
 }  // namespace cli

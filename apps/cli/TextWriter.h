@@ -27,7 +27,7 @@ using OnWritten =
 
 // Writes every object of every translated line. A text in a block is written once, however many
 // references show it. A text too long for its place is reported, any other error raised; what a
-// SetTexto may pass over in silence is read back. The other lines and their objects are gone
+// SetTexto may pass over in silence is read back. The other lines and all objects are gone
 // afterwards: the edits of a large drawing need their memory.
 Written WriteTexts(TranslationTable& table, OdDbDatabase& drawing, const OnWritten& onWritten,
                    Progress& progress);

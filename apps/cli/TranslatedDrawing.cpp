@@ -39,7 +39,7 @@ void TranslatedDrawing::Write(TranslationTable& table) {
             return RecordText(store, table, object, line);
         };
     } else {
-        table.table.traducoes.reset();
+        Discard(std::move(table.table.traducoes));
     }
     Written written = WriteTexts(table, session.Drawing(), record, progress);
     report.translated = table.Lines().size();  // the others are gone
