@@ -59,7 +59,7 @@ int WriteAll(int file, std::string_view bytes) {
 // an error nothing more is written.
 class GatheringFile {
   public:
-    explicit GatheringFile(int file) : file(file) {}
+    explicit GatheringFile(int file) : file(file) { gathered.reserve(kGather); }
 
     void Add(std::string_view piece) {
         const bool large = piece.size() >= kLarge;
@@ -93,7 +93,12 @@ class GatheringFile {
         std::swap(gathered, written);
         gathered.clear();
         if (error != 0 || written.empty()) return;
-        beside = std::async(std::launch::async, [this] { return WriteAll(file, written); });
+        beside = std::async(std::launch::async, [this] {
+            const int failed = WriteAll(file, written);
+            // The disk may begin; a pipe has none, and whether it could is told by the sync.
+            ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
+            return failed;
+        });
     }
 
     const int file;
