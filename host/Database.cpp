@@ -86,6 +86,10 @@ void Database::Commit() {
     queue->RunAndWait([this] { EndBurst(); });
 }
 
+void Database::LetGo(std::shared_ptr<void> made) {
+    queue->Submit([made = std::move(made)]() mutable { made.reset(); });
+}
+
 CKVQueryResponse Database::ExecuteSync(std::shared_ptr<CKVQuery> query) {
     CKVQueryResponse response;
     queue->RunAndWait([&] { response = Execute(query); });

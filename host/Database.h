@@ -31,6 +31,10 @@ class Database : public CKVDatabase {
     // Returns when everything submitted so far is stored, in the log, or waits for readers.
     void Commit();
 
+    // Lets go of what queries have made, on the thread that has made it: memory given back by
+    // another thread costs more.
+    void LetGo(std::shared_ptr<void> made);
+
     CKVQueryResponse ExecuteSync(std::shared_ptr<CKVQuery> query) override;
     // The future tells of the statement, not of the commit that follows.
     QFuture<CKVQueryResponse> ExecuteAsync(std::shared_ptr<CKVQuery> query) override;

@@ -63,6 +63,11 @@ const std::shared_ptr<Database>& Host::TheDatabase() {
 
 void Host::OpenDatabase() { TheDatabase()->Open(); }
 
+void Host::CloseDatabase(std::shared_ptr<void> made) {
+    if (database) database->LetGo(std::move(made));
+    database.reset();
+}
+
 int32_t Host::ProjectLanguage(Document& document) {
     return projects.GetProject(&document)->GetSettings()->GetLanguageSetting()->GetLanguage();
 }

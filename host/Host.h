@@ -61,8 +61,9 @@ class Host : private CMxSystemServices,
     // Opens the database now. Throws host::Error when it cannot be used; without this call that is
     // logged, and the queries fail.
     void OpenDatabase();
-    // Ends its thread, and gives back the memory that it holds; the next query opens it again.
-    void CloseDatabase() { database.reset(); }
+    // Lets go of what its queries have made, ends its thread, and gives back the memory that it
+    // holds; the next query opens it again.
+    void CloseDatabase(std::shared_ptr<void> made = nullptr);
 
     // The language of an open document's project, -1 when it has none.
     int32_t ProjectLanguage(Document& document);

@@ -55,6 +55,16 @@ class Taker {
     std::unordered_set<uint64_t> inBlocks;
 };
 
+// Both are sorted. From behind, so that no more memory is needed than the first has kept in store.
+void MergeInto(std::vector<Place>& places, std::vector<Place> others) {
+    size_t first = places.size(), second = others.size(), behind = first + second;
+    places.resize(behind);
+    while (second > 0) {
+        const bool later = first > 0 && others[second - 1].handle < places[first - 1].handle;
+        places[--behind] = std::move(later ? places[--first] : others[--second]);
+    }
+}
+
 }  // namespace
 
 // Memory mostly goes back to the thread that took it, which made about the same of the lines.
@@ -71,9 +81,7 @@ std::vector<Place> TakePlaces(TranslationTable& table) {
         [&](size_t first, size_t last) { back.Take(first, last); });
     std::vector<Place> places, others;
     SideBySide([&] { places = front.TakeSorted(); }, [&] { others = back.TakeSorted(); });
-    const auto middle = static_cast<ptrdiff_t>(places.size());
-    std::ranges::move(others, std::back_inserter(places));
-    std::ranges::inplace_merge(places, places.begin() + middle, {}, &Place::handle);
+    MergeInto(places, std::move(others));
     return places;
 }
 

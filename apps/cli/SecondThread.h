@@ -38,13 +38,6 @@ auto OnSecondThread(Work work) {
     return result;
 }
 
-// Destroys it on the second thread, which has made it: memory given back by another thread costs
-// the one that took it more.
-template <class Made>
-void Discard(std::unique_ptr<Made> made) {
-    RunOnSecondThread([made = std::shared_ptr<Made>(std::move(made))]() mutable { made.reset(); });
-}
-
 // Does both, the second one on the second thread, and ends when both have ended. Of two exceptions
 // the first one's counts.
 template <class First, class Second>

@@ -64,7 +64,7 @@ void EndProcess() {
 
 void Session::OpenDatabase() { host->OpenDatabase(); }
 
-void Session::CloseDatabase() { host->CloseDatabase(); }
+void Session::CloseDatabase(std::shared_ptr<void> made) { host->CloseDatabase(std::move(made)); }
 
 void Session::RequireReadableTerms() const {
     try {

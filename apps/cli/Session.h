@@ -24,8 +24,9 @@ class Session {
 
     // The dictionary that the options name. Throws host::Error when it cannot be used.
     void OpenDatabase();
-    // Once nothing more is read: the memory of its thread is of use to the drawing's edits.
-    void CloseDatabase();
+    // Once nothing more is read: the memory of its thread, and of what it has made, is of use to
+    // the drawing's edits.
+    void CloseDatabase(std::shared_ptr<void> made);
 
     // The store gives no terms for an empty dictionary and for one that it cannot read: throws
     // host::Error in the second case.

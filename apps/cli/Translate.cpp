@@ -67,7 +67,6 @@ void Run(const GeneralOptions& general, const Arguments& arguments) {
     progress.Phase("matching");
     TranslationTable table =
         MakeTable(session, dictionary.Get(), std::move(objects), arguments.languages, keep);
-    session.CloseDatabase();
     const std::string csv = arguments.csv.empty() ? std::string() : ToCsv(table);
     TranslatedDrawing translated(session, table, arguments.write, progress);
     const auto tell = [&] {

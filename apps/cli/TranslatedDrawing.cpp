@@ -38,9 +38,11 @@ void TranslatedDrawing::Write(TranslationTable& table) {
                                                               const structExpressao& line) {
             return RecordText(store, table, object, line);
         };
-    } else {
-        Discard(std::move(table.table.traducoes));
     }
+    std::shared_ptr<void> terms;
+    if (!write.record) terms = std::move(table.table.traducoes);  // records still need them
+    const auto closing = OnSecondThread(
+        [this, terms = std::move(terms)]() mutable { session.CloseDatabase(std::move(terms)); });
     Written written = WriteTexts(table, session.Drawing(), record, progress);
     report.translated = table.Lines().size();  // the others are gone
     report.unwritten = std::move(written.unwritten);
