@@ -17,6 +17,7 @@ void FetchAhead(const Lines& lines, size_t next, size_t last) {
     constexpr size_t kLine = 24, kList = 16, kObject = 8;
     if (next + kLine >= last) return;
     __builtin_prefetch(lines[next + kLine].get());
+    __builtin_prefetch(&lines[next + kLine]->objetos);
     __builtin_prefetch(lines[next + kList]->objetos.data());
     __builtin_prefetch(lines[next + kObject]->objetos.front());
 }

@@ -26,9 +26,11 @@ namespace {
     throw Error("the file changed while it was read; try again when nobody writes it");
 }
 
-void ReadAll(int file, Buffer& buffer) {
+// expected: the size as far as it is known; one byte more is reserved so that the end is noticed
+// without another allocation.
+void ReadAll(int file, size_t expected, Buffer& buffer) {
     constexpr size_t kLeast = 64 * 1024;
-    buffer.Reserve(kLeast);
+    buffer.Reserve(std::max(expected + 1, kLeast));
     size_t filled = 0;
     for (;;) {
         if (filled == buffer.Capacity()) buffer.Reserve(filled + filled / 2);
@@ -114,7 +116,7 @@ class IncomingPieces {
 
 FileInput::FileInput(const std::string& nativePath, Buffer& bytes) : name(nativePath) {
     if (name == "-") {
-        ReadAll(STDIN_FILENO, bytes);
+        ReadAll(STDIN_FILENO, 0, bytes);
         return;
     }
     file = Open(name);
@@ -126,7 +128,7 @@ FileInput::FileInput(const std::string& nativePath, Buffer& bytes) : name(native
     path = std::filesystem::canonical(name, failed).string();
     constexpr off_t kLarge = off_t(8) << 20;
     if (found.st_size < kLarge) {
-        ReadAll(file->Number(), bytes);
+        ReadAll(file->Number(), size_t(found.st_size), bytes);
         return;
     }
     size = size_t(found.st_size);
