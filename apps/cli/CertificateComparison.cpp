@@ -224,8 +224,8 @@ bool Comparison::IsExpected(uint64_t handle, const Item& old, const Item& now) {
         const bool again = old.part == Item::Part::Embedded;
         if (text.xdata != xdata || found[position] != again) continue;
         if (!(xdata ? FieldsMatch(text) : Matches(text, old, now))) continue;
-        found[position] = true;
-        return true;
+        bool was = again;
+        if (found[position].compare_exchange_strong(was, true)) return true;
     }
     return false;
 }

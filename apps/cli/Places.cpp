@@ -22,6 +22,12 @@ void FetchAhead(const Lines& lines, size_t next, size_t last) {
     __builtin_prefetch(lines[next + kObject]->objetos.front());
 }
 
+// The texts of one object in the order of the lines, however the threads have shared them: of two
+// strings with one name the first is found.
+bool IsBefore(const Place& a, const Place& b) {
+    return a.handle != b.handle ? a.handle < b.handle : InLines(a) < InLines(b);
+}
+
 class Taker {
   public:
     Taker(Lines& lines, size_t objects) : lines(lines) { places.reserve(objects); }
@@ -35,7 +41,7 @@ class Taker {
         }
     }
     std::vector<Place> TakeSorted() {
-        std::ranges::sort(places, {}, &Place::handle);
+        std::ranges::sort(places, IsBefore);
         return std::move(places);
     }
 
@@ -61,7 +67,7 @@ void MergeInto(std::vector<Place>& places, std::vector<Place> others) {
     size_t first = places.size(), second = others.size(), behind = first + second;
     places.resize(behind);
     while (second > 0) {
-        const bool later = first > 0 && others[second - 1].handle < places[first - 1].handle;
+        const bool later = first > 0 && IsBefore(others[second - 1], places[first - 1]);
         places[--behind] = std::move(later ? places[--first] : others[--second]);
     }
 }

@@ -9,11 +9,14 @@ namespace cli {
 
 #ifdef KV_MIMALLOC
 
-PromptHeap::PromptHeap() : delay(mi_option_get(mi_option_decommit_delay)) {
-    mi_option_set(mi_option_decommit_delay, 0);
-}
+#if MI_MALLOC_VERSION < 210
+constexpr auto kDelay = mi_option_decommit_delay;
+#else
+constexpr auto kDelay = mi_option_purge_delay;
+#endif
 
-PromptHeap::~PromptHeap() { mi_option_set(mi_option_decommit_delay, delay); }
+PromptHeap::PromptHeap() : delay(mi_option_get(kDelay)) { mi_option_set(kDelay, 0); }
+PromptHeap::~PromptHeap() { mi_option_set(kDelay, delay); }
 
 #else
 

@@ -142,8 +142,9 @@ TextWriter::Reports WriteInOrder(const Writing& writing, std::span<ExpectedText>
     const std::span<Place> places = writing.places;
     TextWriter writer(writing, texts);
     for (size_t begin = 0; begin < places.size(); begin += kPart) {
-        writer.Write(places.subspan(begin, std::min(kPart, places.size() - begin)));
-        progress.Reached(static_cast<double>(begin) / static_cast<double>(places.size()));
+        const size_t end = std::min(begin + kPart, places.size());
+        writer.Write(places.subspan(begin, end - begin));
+        progress.Reached(static_cast<double>(end) / static_cast<double>(places.size()));
     }
     return writer.TakeReports();
 }

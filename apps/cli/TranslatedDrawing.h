@@ -28,7 +28,7 @@ struct Report {
 void RequireWritable(Session& session, const WriteOptions& write);
 
 // Writes the translations into the session's drawing and, if an output is named, saves it with the
-// certificate. The untranslated lines and their objects are gone afterwards.
+// certificate. The untranslated lines and all objects are gone afterwards.
 class TranslatedDrawing {
   public:
     TranslatedDrawing(Session& session, TranslationTable& table, const WriteOptions& write,

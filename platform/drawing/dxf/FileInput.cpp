@@ -123,7 +123,7 @@ FileInput::FileInput(const std::string& nativePath, Buffer& bytes) : name(native
     struct stat found;
     if (::fstat(file->Number(), &found) != 0) Fail("the file cannot be looked at", errno);
     RequireFile(found);
-    IdentifyFile(name, identity);
+    identity = IdentityOf(found);
     std::error_code failed;
     path = std::filesystem::canonical(name, failed).string();
     constexpr off_t kLarge = off_t(8) << 20;
@@ -145,6 +145,8 @@ void FileInput::Await(size_t end) {
 
 void FileInput::Finish() {
     Await(size);
+    char behind;
+    if (pieces && ::pread(file->Number(), &behind, 1, off_t(size)) > 0) FailAsChanged();
     FileIdentity now;
     if (file) IdentifyFile(name, now);
     if (!(now == identity)) FailAsChanged();

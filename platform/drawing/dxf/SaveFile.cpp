@@ -95,7 +95,7 @@ class GatheringFile {
         if (error != 0 || written.empty()) return;
         beside = std::async(std::launch::async, [this] {
             const int failed = WriteAll(file, written);
-            // The disk may begin; a pipe has none, and whether it could is told by the sync.
+            // The disk may begin; whether it could is told by the sync, and a pipe has none.
             ::sync_file_range(file, 0, 0, SYNC_FILE_RANGE_WRITE);
             return failed;
         });
@@ -211,14 +211,18 @@ void WriteAndVerify(Descriptor& file, const Temporary& temporary, const std::str
 
 }  // namespace
 
+FileIdentity IdentityOf(const struct stat& found) {
+    return {uint64_t(found.st_dev), uint64_t(found.st_ino), uint64_t(found.st_size),
+            int64_t(found.st_mtim.tv_sec), int64_t(found.st_mtim.tv_nsec)};
+}
+
 bool IdentifyFile(const std::string& path, FileIdentity& identity) {
     struct stat found;
     if (::stat(path.c_str(), &found) != 0) {
         if (errno == ENOENT || errno == ENOTDIR) return false;
         Fail(path, "the file cannot be looked at", errno);
     }
-    identity = {uint64_t(found.st_dev), uint64_t(found.st_ino), uint64_t(found.st_size),
-                int64_t(found.st_mtim.tv_sec), int64_t(found.st_mtim.tv_nsec)};
+    identity = IdentityOf(found);
     return true;
 }
 

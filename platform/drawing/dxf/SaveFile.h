@@ -1,6 +1,8 @@
 // Writes a file so that a reader, or a power cut, finds the old or the new one and nothing between.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -15,6 +17,7 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
+FileIdentity IdentityOf(const struct stat& found);
 // False when there is no such file. Throws Error for other failures.
 bool IdentifyFile(const std::string& path, FileIdentity& identity);
 

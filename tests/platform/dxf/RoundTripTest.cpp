@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "platform/drawing/dxf/FileInput.h"
 #include "tests/platform/dxf/Samples.h"
 
 namespace {
@@ -136,6 +137,19 @@ TEST(RoundTrip, LargeFilesAreIndexedWhileTheyCome) {
         const std::string read = Outcome([&] { return Store::Read(path.string()); });
         EXPECT_EQ(read, Outcome([&] { return Store::Parse(bytes); }));
         EXPECT_TRUE(read.starts_with("line ") || read.ends_with(": 1")) << read;
+    }
+    std::filesystem::remove(path);
+}
+
+TEST(RoundTrip, ALargeFileThatChangesMeanwhileIsRefused) {
+    const auto path = std::filesystem::temp_directory_path() /
+                      ("changing-" + std::to_string(::getpid()) + ".dxf");
+    for (const size_t size : {9'000'001u, 1'000'000u}) {
+        WriteBytes(path, std::string(9'000'000, '\n'));
+        Buffer bytes;
+        FileInput input(path.string(), bytes);
+        std::filesystem::resize_file(path, size);
+        EXPECT_THROW(input.Finish(), Error) << size;
     }
     std::filesystem::remove(path);
 }
