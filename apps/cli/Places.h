@@ -36,7 +36,7 @@ inline void FetchObjectAhead(std::span<const Place> places, size_t next) {
     if (next + kAhead < places.size()) __builtin_prefetch(places[next + kAhead].object.get());
 }
 
-// Up to there, from a place on, the places of one object stand together.
+// The first place from there on that does not continue the object of the place before it.
 size_t BehindObject(std::span<const Place> places, size_t place);
 
 }  // namespace cli

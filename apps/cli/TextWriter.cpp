@@ -156,7 +156,7 @@ TextWriter::Reports WriteSideBySide(const Writing& writing, std::span<ExpectedTe
     std::atomic<size_t> done = 0;
     const auto write = [&](TextWriter& by, size_t begin, size_t end) {
         begin = BehindObject(places, begin);
-        end = std::max(begin, BehindObject(places, end));
+        end = BehindObject(places, end);
         by.WriteBeside(places.subspan(begin, end - begin));
         done += end - begin;
         progress.Reached(static_cast<double>(done) / static_cast<double>(places.size()));

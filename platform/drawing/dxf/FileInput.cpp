@@ -6,9 +6,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <future>
 #include <vector>
 
 #include "platform/drawing/dxf/Descriptor.h"

@@ -1,8 +1,6 @@
 // Reads a file into a buffer whose first bytes can be looked at while the others are on their way.
 #pragma once
 
-#include <atomic>
-#include <future>
 #include <memory>
 #include <string>
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/drawing/dxf/FileInput.h"
 #include "platform/drawing/dxf/LineEnds.h"
 #include "platform/drawing/dxf/StoreState.h"
 

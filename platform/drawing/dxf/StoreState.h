@@ -7,7 +7,6 @@
 
 #include "platform/drawing/dxf/EditTable.h"
 #include "platform/drawing/dxf/FileIndex.h"
-#include "platform/drawing/dxf/FileInput.h"
 #include "platform/drawing/dxf/HandleIndex.h"
 #include "platform/drawing/dxf/SaveFile.h"
 #include "platform/drawing/dxf/Store.h"
