@@ -8,10 +8,13 @@
 #include "apps/cli/Failure.h"
 #include "platform/drawing/TextChunks.h"
 #include "platform/text/Conversion.h"
+#include "translator/dialogs/AnteciparMemoria.h"
 
 namespace cli {
 
 namespace {
+
+using traducaoTQ::AnteciparMemoria;
 
 constexpr size_t kBlock = size_t{1} << 22;
 
@@ -179,10 +182,10 @@ bool Comparison::CompareChanged(dxf::RecordIndex record) {
 void Comparison::FetchAhead(size_t next) const {
     constexpr size_t kText = 8, kUnits = 4;
     if (next + kText >= texts.size()) return;
-    __builtin_prefetch(texts[next + kText].before);
-    __builtin_prefetch(texts[next + kText].after);
-    __builtin_prefetch(texts[next + kUnits].before->data());
-    __builtin_prefetch(texts[next + kUnits].after->data());
+    AnteciparMemoria(texts[next + kText].before);
+    AnteciparMemoria(texts[next + kText].after);
+    AnteciparMemoria(texts[next + kUnits].before->data());
+    AnteciparMemoria(texts[next + kUnits].after->data());
 }
 
 // Objects mostly stand in the file in the order of their handles, and are asked for several times.
@@ -190,11 +193,11 @@ std::span<const ExpectedText> Comparison::TextsOf(uint64_t handle) {
     if (!present.empty() && present.front().handle == handle) return present;
     const auto behind = texts.begin() + (present.data() + present.size() - texts.data());
     const bool next = behind != texts.end() && behind->handle == handle;
-    FetchAhead(static_cast<size_t>(behind - texts.begin()));
     const auto begin =
         next ? behind : std::lower_bound(texts.begin(), texts.end(), handle, ByHandle());
     const auto isOther = [&](const ExpectedText& text) { return text.handle != handle; };
     present = {begin, std::find_if(begin, texts.end(), isOther)};
+    for (const ExpectedText& text : present) FetchAhead(static_cast<size_t>(&text - texts.data()));
     return present;
 }
 

@@ -16,10 +16,10 @@ namespace {
 void FetchAhead(const Lines& lines, size_t next, size_t last) {
     constexpr size_t kLine = 24, kList = 16, kObject = 8;
     if (next + kLine >= last) return;
-    __builtin_prefetch(lines[next + kLine].get());
-    __builtin_prefetch(&lines[next + kLine]->objetos);
-    __builtin_prefetch(lines[next + kList]->objetos.data());
-    __builtin_prefetch(lines[next + kObject]->objetos.front());
+    traducaoTQ::AnteciparMemoria(lines[next + kLine].get());
+    traducaoTQ::AnteciparMemoria(&lines[next + kLine]->objetos);
+    traducaoTQ::AnteciparMemoria(lines[next + kList]->objetos.data());
+    traducaoTQ::AnteciparMemoria(lines[next + kObject]->objetos.front());
 }
 
 // The texts of one object in the order of the lines, however the threads have shared them: of two

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/cli/TranslationTable.h"
+#include "translator/dialogs/AnteciparMemoria.h"
 
 namespace cli {
 
@@ -33,7 +34,10 @@ std::vector<Place> TakePlaces(TranslationTable& table);
 // Neighbours in the file stand anywhere in memory: fetches the object of a place ahead.
 inline void FetchObjectAhead(std::span<const Place> places, size_t next) {
     constexpr size_t kAhead = 12;
-    if (next + kAhead < places.size()) __builtin_prefetch(places[next + kAhead].object.get());
+    if (next + kAhead >= places.size()) return;
+    const traducaoTQ::ETraduzivel* object = places[next + kAhead].object.get();
+    traducaoTQ::AnteciparMemoria(object);
+    traducaoTQ::AnteciparMemoria(&object->GetChave());
 }
 
 // The first place from there on that does not continue the object of the place before it.

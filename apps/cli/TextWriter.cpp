@@ -10,12 +10,14 @@
 #include "apps/cli/SecondThread.h"
 #include "apps/cli/StandIns.h"
 #include "platform/drawing/OdError.h"
+#include "translator/dialogs/AnteciparMemoria.h"
 #include "translator/dialogs/EmPartes.h"
 
 namespace cli {
 
 namespace {
 
+using traducaoTQ::AnteciparMemoria;
 using traducaoTQ::ETraduzivel;
 
 // What all writers share, and none changes.
@@ -59,19 +61,20 @@ class TextWriter {
     // Neighbours in the file are far apart in memory: the lines of the places ahead, and then the
     // texts of those lines and of the file, are fetched while others are written.
     void FetchAhead(std::span<const Place> places, size_t next) const {
-        constexpr size_t kLine = 16, kText = 8;
+        constexpr size_t kOwner = 24, kLine = 16, kText = 8;
         FetchObjectAhead(places, next);
-        if (next + kLine >= places.size()) return;
+        if (next + kOwner >= places.size()) return;
+        AnteciparMemoria(&writing.lines[places[next + kOwner].line]);
         const structExpressao& line = *writing.lines[places[next + kLine].line];
-        __builtin_prefetch(&line.original);
-        __builtin_prefetch(&line.objetos);
+        AnteciparMemoria(&line.original);
+        AnteciparMemoria(&line.objetos);
         const TQString& translation = writing.lines[places[next + kText].line]->traducao;
-        __builtin_prefetch(translation.data());
-        __builtin_prefetch(translation.data() + translation.size());
+        AnteciparMemoria(translation.data());
+        AnteciparMemoria(translation.data() + translation.size());
         const dxf::RecordIndex record = writing.store.FindHandle(places[next + kText].handle);
         if (record >= writing.store.FileCount()) return;
         const dxf::Record& ahead = writing.store.At(record);
-        __builtin_prefetch(file + ahead.offset + std::max(ahead.text, ahead.xdata));
+        AnteciparMemoria(file + ahead.offset + std::max(ahead.text, ahead.xdata));
     }
 
     bool CanBeBeside(const Place& place) const {

@@ -6,6 +6,7 @@
 #include <numeric>
 #include <span>
 
+#include "translator/dialogs/AnteciparMemoria.h"
 #include "translator/dialogs/IndiceTextos.h"
 
 namespace traducaoTQ {
@@ -70,7 +71,7 @@ class ObjetosPorLinha {
     size_t Quantidade() const { return fins.size(); }
     std::span<ETraduzivel* const> Da(size_t linha) const {
         const size_t inicio = linha == 0 ? 0 : fins[linha - 1];
-        for (size_t i = inicio; i < fins[linha]; ++i) __builtin_prefetch(ordenados[i + kDistancia]);
+        for (size_t i = inicio; i < fins[linha]; ++i) AnteciparMemoria(ordenados[i + kDistancia]);
         return std::span(ordenados).subspan(inicio, fins[linha] - inicio);
     }
 
@@ -169,7 +170,7 @@ void ITabelaExpressoes::TraduzirLinhas(std::span<const std::unique_ptr<structExp
     for (const auto& linha : linhas) originais.emplace_back(linha->original);
     const std::vector<uint32_t> lugares = indice.Procurar(originais);
     for (const uint32_t lugar : lugares) {
-        if (lugar != IndiceTextos::kNenhum) __builtin_prefetch(termos[lugar].translations.data());
+        if (lugar != IndiceTextos::kNenhum) AnteciparMemoria(termos[lugar].translations.data());
     }
     for (const uint32_t lugar : lugares) {
         textos.push_back(lugar == IndiceTextos::kNenhum

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "translator/dialogs/AnteciparMemoria.h"
 namespace traducaoTQ {
 
 namespace {
@@ -12,8 +13,8 @@ constexpr size_t kDistanciaCasa = 24, kDistanciaVista = 16, kDistanciaTexto = 8;
 
 // Texts of a drawing are short: the first and the last line of memory are mostly all.
 void AnteciparTexto(std::u16string_view texto) {
-    __builtin_prefetch(texto.data());
-    __builtin_prefetch(texto.data() + texto.size());
+    AnteciparMemoria(texto.data());
+    AnteciparMemoria(texto.data() + texto.size());
 }
 
 uint32_t MarcaDe(size_t hash) { return static_cast<uint32_t>(hash); }
@@ -50,9 +51,9 @@ void IndiceTextos::Antecipar(const Vistas& textos, const Vistas& conhecidos, con
     const auto casa = [&](size_t distancia) -> const Casa& {
         return parte.casas[entradas[proxima + distancia].hash & (parte.casas.size() - 1)];
     };
-    __builtin_prefetch(&casa(kDistanciaCasa));
+    AnteciparMemoria(&casa(kDistanciaCasa));
     if (const uint32_t lugar = casa(kDistanciaVista).lugar) {
-        __builtin_prefetch(&conhecidos[lugar - 1]);
+        AnteciparMemoria(&conhecidos[lugar - 1]);
     }
     if (const uint32_t lugar = casa(kDistanciaTexto).lugar) {
         AnteciparTexto(conhecidos[lugar - 1]);

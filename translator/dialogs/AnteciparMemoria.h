@@ -1,0 +1,13 @@
+// Asks for memory that will be read soon.
+#pragma once
+
+namespace traducaoTQ {
+
+// The empty statement matters: a function that does nothing but ask for memory has no effect in the
+// compiler's eyes, and GCC leaves calls of it out.
+inline void AnteciparMemoria(const void* memoria) {
+    __builtin_prefetch(memoria);
+    asm volatile("");
+}
+
+}  // namespace traducaoTQ
