@@ -12,14 +12,17 @@ namespace cli {
 
 namespace {
 
+using traducaoTQ::AnteciparMemoria;
+
 // Lines, their lists and their objects stand anywhere in memory.
 void FetchAhead(const Lines& lines, size_t next, size_t last) {
     constexpr size_t kLine = 24, kList = 16, kObject = 8;
     if (next + kLine >= last) return;
-    traducaoTQ::AnteciparMemoria(lines[next + kLine].get());
-    traducaoTQ::AnteciparMemoria(&lines[next + kLine]->objetos);
-    traducaoTQ::AnteciparMemoria(lines[next + kList]->objetos.data());
-    traducaoTQ::AnteciparMemoria(lines[next + kObject]->objetos.front());
+    AnteciparMemoria(lines[next + kLine].get());
+    AnteciparMemoria(&lines[next + kLine]->objetos);
+    AnteciparMemoria(lines[next + kList]->objetos.data());
+    AnteciparMemoria(lines[next + kList]->traducao.data());
+    for (const traducaoTQ::ETraduzivel* object : lines[next + kObject]->objetos) FetchObject(object);
 }
 
 // The texts of one object in the order of the lines, however the threads have shared them: of two
@@ -40,10 +43,7 @@ class Taker {
             if (!wanted) lines[line].reset();
         }
     }
-    std::vector<Place> TakeSorted() {
-        std::ranges::sort(places, IsBefore);
-        return std::move(places);
-    }
+    std::span<Place> Places() { return places; }
 
   private:
     void TakeObjects(uint32_t line, bool wanted) {
@@ -62,15 +62,58 @@ class Taker {
     std::unordered_set<uint64_t> inBlocks;
 };
 
-// Both are sorted. From behind, so that no more memory is needed than the first has kept in store.
-void MergeInto(std::vector<Place>& places, std::vector<Place> others) {
-    size_t first = places.size(), second = others.size(), behind = first + second;
-    places.resize(behind);
-    while (second > 0) {
-        const bool later = first > 0 && IsBefore(others[second - 1], places[first - 1]);
-        places[--behind] = std::move(later ? places[--first] : others[--second]);
+// Sorts by buckets of neighbouring handles, of which a drawing leaves few out: each is small enough
+// to stay near the processor while it is sorted, and two threads sort different ones.
+class Sorting {
+  public:
+    Sorting(std::span<Place> front, std::span<Place> back)
+        : front(front), back(back), sorted(front.size() + back.size()) {
+        constexpr size_t kBucket = 32;
+        uint64_t highest = 0;
+        for (const auto& places : {front, back}) {
+            for (const Place& place : places) highest = std::max(highest, place.handle);
+        }
+        while (highest >> shift > sorted.size() / kBucket) ++shift;
+        buckets = (highest >> shift) + 1;
     }
-}
+
+    std::vector<Place> Sorted() && {
+        std::vector<uint32_t> frontEnds, backEnds;
+        SideBySide([&] { frontEnds = Count(front); }, [&] { backEnds = Count(back); });
+        uint32_t end = 0;
+        for (size_t bucket = 0; bucket < buckets; ++bucket) {
+            end += std::exchange(frontEnds[bucket], end);
+            end += std::exchange(backEnds[bucket], end);
+        }
+        const std::vector<uint32_t> begins = frontEnds;
+        SideBySide([&] { MoveFrom(front, frontEnds); }, [&] { MoveFrom(back, backEnds); });
+        const auto sort = [&](size_t first, size_t last) {
+            for (size_t bucket = first; bucket < last; ++bucket) {
+                std::sort(sorted.begin() + begins[bucket], sorted.begin() + backEnds[bucket],
+                          IsBefore);
+            }
+        };
+        const size_t middle = buckets / 2;
+        SideBySide([&] { sort(0, middle); }, [&] { sort(middle, buckets); });
+        return std::move(sorted);
+    }
+
+  private:
+    std::vector<uint32_t> Count(std::span<const Place> places) const {
+        std::vector<uint32_t> counts(buckets);
+        for (const Place& place : places) ++counts[place.handle >> shift];
+        return counts;
+    }
+    // next: where the next place of each bucket goes.
+    void MoveFrom(std::span<Place> places, std::vector<uint32_t>& next) {
+        for (Place& place : places) sorted[next[place.handle >> shift]++] = std::move(place);
+    }
+
+    const std::span<Place> front, back;
+    std::vector<Place> sorted;
+    unsigned shift = 0;
+    size_t buckets = 1;
+};
 
 }  // namespace
 
@@ -86,10 +129,7 @@ std::vector<Place> TakePlaces(TranslationTable& table) {
         lines.size(), kPart, table.table.fazerAmbos,
         [&](size_t first, size_t last) { front.Take(first, last); },
         [&](size_t first, size_t last) { back.Take(first, last); });
-    std::vector<Place> places, others;
-    SideBySide([&] { places = front.TakeSorted(); }, [&] { others = back.TakeSorted(); });
-    MergeInto(places, std::move(others));
-    return places;
+    return Sorting(front.Places(), back.Places()).Sorted();
 }
 
 size_t BehindObject(std::span<const Place> places, size_t place) {
