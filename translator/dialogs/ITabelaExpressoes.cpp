@@ -61,7 +61,7 @@ size_t NumerarTextos(const std::vector<ETraduzivel*>& objetos, const FazerAmbos&
 class ObjetosPorLinha {
   public:
     ObjetosPorLinha(const std::vector<ETraduzivel*>& objetos, const FazerAmbos& fazerAmbos)
-        : ordenados(objetos.size() + kDistancia) {  // so that fetching ahead finds no end
+        : ordenados(objetos.size()) {
         std::vector<uint32_t> linhas;
         fins.resize(NumerarTextos(objetos, fazerAmbos, linhas));
         for (uint32_t linha : linhas) ++fins[linha];
@@ -71,12 +71,18 @@ class ObjetosPorLinha {
     size_t Quantidade() const { return fins.size(); }
     std::span<ETraduzivel* const> Da(size_t linha) const {
         const size_t inicio = linha == 0 ? 0 : fins[linha - 1];
-        for (size_t i = inicio; i < fins[linha]; ++i) AnteciparMemoria(ordenados[i + kDistancia]);
+        for (size_t i = inicio; i < fins[linha]; ++i) Antecipar(i + kDistancia);
         return std::span(ordenados).subspan(inicio, fins[linha] - inicio);
     }
 
   private:
     static constexpr size_t kDistancia = 12;  // objects of later lines, which stand anywhere
+
+    void Antecipar(size_t proximo) const {
+        if (proximo >= ordenados.size()) return;
+        AnteciparMemoria(ordenados[proximo]);
+        AnteciparMemoria(&ordenados[proximo]->GetChave());
+    }
 
     std::vector<uint32_t> fins;  // one past the last object of each line
     std::vector<ETraduzivel*> ordenados;

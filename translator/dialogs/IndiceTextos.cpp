@@ -45,17 +45,26 @@ IndiceTextos::Entradas IndiceTextos::Separar(const Vistas& textos, size_t inicio
     return entradas;
 }
 
+// The place that the slot of the text with that hash holds, unless texts differ that have the same
+// half of the hash: looks at no text.
+uint32_t IndiceTextos::LugarPelaMarca(const Parte& parte, size_t hash) {
+    const size_t ultima = parte.casas.size() - 1;
+    size_t numero = hash & ultima;
+    while (parte.casas[numero].lugar != 0 && parte.casas[numero].marca != MarcaDe(hash)) {
+        numero = (numero + 1) & ultima;
+    }
+    return parte.casas[numero].lugar;
+}
+
 void IndiceTextos::Antecipar(const Vistas& textos, const Vistas& conhecidos, const Parte& parte,
                              const std::vector<Entrada>& entradas, size_t proxima) {
     if (proxima + kDistanciaCasa >= entradas.size()) return;
-    const auto casa = [&](size_t distancia) -> const Casa& {
-        return parte.casas[entradas[proxima + distancia].hash & (parte.casas.size() - 1)];
-    };
-    AnteciparMemoria(&casa(kDistanciaCasa));
-    if (const uint32_t lugar = casa(kDistanciaVista).lugar) {
+    const auto hash = [&](size_t distancia) { return entradas[proxima + distancia].hash; };
+    AnteciparMemoria(&parte.casas[hash(kDistanciaCasa) & (parte.casas.size() - 1)]);
+    if (const uint32_t lugar = LugarPelaMarca(parte, hash(kDistanciaVista))) {
         AnteciparMemoria(&conhecidos[lugar - 1]);
     }
-    if (const uint32_t lugar = casa(kDistanciaTexto).lugar) {
+    if (const uint32_t lugar = LugarPelaMarca(parte, hash(kDistanciaTexto))) {
         AnteciparTexto(conhecidos[lugar - 1]);
         AnteciparTexto(textos[entradas[proxima + kDistanciaTexto].lugar]);
     }

@@ -45,6 +45,7 @@ class IndiceTextos {
     using Entradas = std::array<std::vector<Entrada>, 2>;  // those of each part, in order
 
     static Entradas Separar(const Vistas& textos, size_t inicio, size_t fim);
+    static uint32_t LugarPelaMarca(const Parte& parte, size_t hash);
     static void Antecipar(const Vistas& textos, const Vistas& conhecidos, const Parte& parte,
                           const std::vector<Entrada>& entradas, size_t proxima);
     void Entrar(Parte& parte, const std::vector<Entrada>& entradas);
