@@ -214,10 +214,7 @@ char16_t* WriteUnits(char32_t codePoint, char16_t* to) {
 
 // Strict: the bytes of a surrogate are undecodable like those of any other malformed sequence. No
 // byte gives more than one unit.
-void DecodeUtf8(std::string_view bytes, std::u16string& out) {
-    const size_t start = out.size();
-    out.resize(start + bytes.size());
-    char16_t* to = out.data() + start;
+char16_t* DecodeUtf8(std::string_view bytes, char16_t* to) {
     for (size_t i = 0; i < bytes.size();) {
         const auto byte = static_cast<unsigned char>(bytes[i]);
         if (byte < 0x80) {
@@ -234,14 +231,11 @@ void DecodeUtf8(std::string_view bytes, std::u16string& out) {
             i = first + 1;
         }
     }
-    out.resize(to - out.data());
+    return to;
 }
 
 // No byte gives more than one unit.
-void DecodeByTable(const CodePageTable& table, std::string_view bytes, std::u16string& out) {
-    size_t start = out.size();
-    out.resize(start + bytes.size());
-    char16_t* to = out.data() + start;
+char16_t* DecodeByTable(const CodePageTable& table, std::string_view bytes, char16_t* to) {
     for (size_t i = 0; i < bytes.size(); ++i) {
         unsigned char byte = bytes[i];
         *to = table.single[byte];
@@ -254,7 +248,7 @@ void DecodeByTable(const CodePageTable& table, std::string_view bytes, std::u16s
         }
         ++to;
     }
-    out.resize(to - out.data());
+    return to;
 }
 
 bool EncodeUtf8(char32_t codePoint, std::string& out) {
@@ -277,16 +271,12 @@ CodePage CodePage::FromDrawingName(std::string_view name) {
 }
 
 std::u16string CodePage::Decode(std::string_view bytes) const {
-    size_t ascii = AsciiPrefix(bytes);
-    std::u16string out;
-    out.reserve(bytes.size());
-    out.assign(bytes.begin(), bytes.begin() + ascii);
+    std::u16string out(bytes.size(), u'\0');
+    const size_t ascii = AsciiPrefix(bytes);
+    char16_t* to = std::copy_n(bytes.data(), ascii, out.data());
     bytes.remove_prefix(ascii);
-    if (table) {
-        DecodeByTable(*table, bytes, out);
-    } else {
-        DecodeUtf8(bytes, out);
-    }
+    to = table ? DecodeByTable(*table, bytes, to) : DecodeUtf8(bytes, to);
+    out.resize(size_t(to - out.data()));
     return out;
 }
 

@@ -58,8 +58,9 @@ std::optional<std::u16string> DecodeMultibyte(std::u16string_view escape) {
     return text;
 }
 
-// Takes one escape from the front of the text, or one unit that is none.
-void DecodeNext(std::u16string_view& text, std::u16string& out) {
+// Takes one escape from the front of the text, or one unit that is none, and writes what it stands
+// for, which is never longer; gives the place behind it.
+char16_t* DecodeNext(std::u16string_view& text, char16_t* out) {
     size_t used = 1;
     char16_t unit = text.front();
     if (unit == u'\\' && StartsUnicode(text)) {
@@ -67,9 +68,8 @@ void DecodeNext(std::u16string_view& text, std::u16string& out) {
         used = kUnicodeLength;
     } else if (unit == u'\\' && StartsMultibyte(text)) {
         if (const auto decoded = DecodeMultibyte(text)) {
-            out += *decoded;
             text.remove_prefix(kMultibyteLength);
-            return;
+            return std::copy(decoded->begin(), decoded->end(), out);
         }
     } else if (unit == u'^' && text.size() > 1) {
         const char16_t letter = text[1];
@@ -80,8 +80,9 @@ void DecodeNext(std::u16string_view& text, std::u16string& out) {
             used = 2;
         }
     }
-    out += unit;
     text.remove_prefix(used);
+    *out = unit;
+    return out + 1;
 }
 
 void AppendUnicode(char16_t unit, std::string& out) {
@@ -92,21 +93,30 @@ void AppendUnicode(char16_t unit, std::string& out) {
 
 constexpr bool IsPlain(char16_t c) { return c >= 0x20 && c < 0x7F && c != u'\\' && c != u'^'; }
 
-constexpr auto kPlainBytes = [] {
-    std::array<bool, 256> plain{};
-    for (char16_t c = 0; c < 256; ++c) plain[c] = IsPlain(c);
-    return plain;
-}();
+bool IsPlainByte(char c) { return IsPlain(static_cast<unsigned char>(c)); }
 
-bool IsPlainByte(char c) { return kPlainBytes[static_cast<unsigned char>(c)]; }
-bool IsPlainUnit(char16_t c) { return c < 256 && kPlainBytes[c]; }
+bool IsEscape(char16_t c) { return c == u'\\' || c == u'^'; }
 
-size_t PlainLength(std::string_view raw) {
-    return size_t(std::find_if_not(raw.begin(), raw.end(), IsPlainByte) - raw.begin());
+// Without a branch for each character, so that the processor looks at many at a time.
+template <class Text>
+bool IsAllPlain(Text text) {
+    using Unit = std::make_unsigned_t<typename Text::value_type>;
+    Unit other = 0;
+    for (const auto c : text) {
+        const Unit unit(c);
+        other |= Unit(Unit(unit - 0x20) >= 0x7F - 0x20) | Unit(unit == '\\') | Unit(unit == '^');
+    }
+    return other == 0;
 }
 
 size_t PlainLength(std::u16string_view text) {
-    return size_t(std::find_if_not(text.begin(), text.end(), IsPlainUnit) - text.begin());
+    return size_t(std::find_if_not(text.begin(), text.end(), IsPlain) - text.begin());
+}
+
+void AppendPlain(std::u16string_view plain, std::string& raw) {
+    const size_t before = raw.size();
+    raw.resize(before + plain.size());
+    for (size_t i = 0; i < plain.size(); ++i) raw[before + i] = char(plain[i]);
 }
 
 // Plain characters are the same in every page.
@@ -140,14 +150,17 @@ TextCodec::TextCodec(Version version, std::string_view codePageName)
 bool TextCodec::Utf8() const { return utf8; }
 
 std::u16string TextCodec::Decode(std::string_view raw) const {
-    if (PlainLength(raw) == raw.size()) return Widened(raw);
+    if (IsAllPlain(raw)) return Widened(raw);
     // The page comes first: in double-byte pages the second byte of a character can be that of a
     // backslash or a caret.
-    const std::u16string decoded = page.Decode(raw);
-    if (decoded.find_first_of(u"\\^") == decoded.npos) return decoded;
-    std::u16string text;
-    text.reserve(decoded.size());
-    for (std::u16string_view rest = decoded; !rest.empty();) DecodeNext(rest, text);
+    std::u16string text = page.Decode(raw);
+    const auto escape = std::find_if(text.begin(), text.end(), IsEscape);
+    const size_t before = size_t(escape - text.begin());
+    char16_t* out = text.data() + before;
+    for (std::u16string_view rest(out, text.size() - before); !rest.empty();) {
+        out = DecodeNext(rest, out);
+    }
+    text.resize(size_t(out - text.data()));
     return text;
 }
 
@@ -163,7 +176,8 @@ bool TextCodec::Reads(std::string_view raw, std::u16string_view text) const {
 }
 
 std::string TextCodec::Encode(std::u16string_view text) const {
-    if (PlainLength(text) == text.size()) return {text.begin(), text.end()};
+    std::string plain;
+    if (IsAllPlain(text)) return AppendPlain(text, plain), plain;
     const bool loose = std::any_of(text.begin(), text.end(), IsUndecodable);
     std::string raw = EncodeAll(text, true);
     // A byte that stands for itself may make a character with what comes behind it now; escaped it
@@ -178,7 +192,7 @@ std::string TextCodec::EncodeAll(std::u16string_view text, bool looseBytes) cons
     raw.reserve(text.size());
     for (;;) {
         const size_t plain = PlainLength(text);
-        raw.append(text.begin(), text.begin() + plain);
+        AppendPlain(text.substr(0, plain), raw);
         text.remove_prefix(plain);
         if (text.empty()) return raw;
         const std::u16string_view character = FirstCharacter(text);
