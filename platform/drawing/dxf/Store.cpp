@@ -56,7 +56,7 @@ void Store::Impl::IndexFile(const Await& await) {
 void Store::Impl::EnterHandles() {
     RecordIndex duplicates = 0;
     uint64_t highest = 0;
-    handles.Reserve(fileCount);
+    handles.Reserve(fileCount, index.header.handSeed);
     for (RecordIndex i = 0; i < fileCount; ++i) {
         Record& record = index.records[i];
         if (record.handle == 0) continue;
