@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -60,7 +61,9 @@ struct Edit {
 };
 
 // An array of record numbers leads to the edits, so that a look-up is two reads, and a walk in the
-// order of the records needs no sorting.
+// order of the records needs no sorting. Two threads may edit records of the file at the same time,
+// as long as each looks only for edits that it has made: neighbouring records share a stripe, and
+// only of the same stripe does one thread wait for the other.
 class EditTable {
   public:
     // How many records the file has. Once the first of them is edited, an edit of another one moves
@@ -68,8 +71,8 @@ class EditTable {
     void Expect(size_t records) { expected = records; }
 
     Edit* Find(RecordIndex number) {
-        const uint32_t place = number < places.size() ? places[number] : 0;
-        return place ? &At(place) : nullptr;
+        const uint32_t place = number < size ? places[number] : 0;
+        return place ? &stripes[number / kStripe]->At(place) : nullptr;
     }
     const Edit* Find(RecordIndex number) const {
         return const_cast<EditTable&>(*this).Find(number);
@@ -77,32 +80,55 @@ class EditTable {
 
     // Made when there is none; stays in its place.
     Edit& Of(RecordIndex number) {
-        if (Edit* edit = Find(number)) return *edit;
-        if (number >= places.size()) {
-            places.resize(std::max<size_t>(expected, number + 1));
-            pieces.reserve(expected / kPiece + 1);
-        }
-        if (count % kPiece == 0) pieces.push_back(std::make_unique<Piece>());
-        places[number] = ++count;
-        return At(count);
+        if (number >= size) MakeRoomFor(number);
+        Stripe& stripe = *stripes[number / kStripe];
+        const std::lock_guard lock(stripe.growing);
+        if (!places[number]) places[number] = stripe.Append();
+        return stripe.At(places[number]);
     }
 
     // Calls visit(number, edit) in the order of the records.
     template <class Visit>
     void ForEach(Visit visit) const {
         for (RecordIndex number = 0; number < places.size(); ++number)
-            if (places[number]) visit(number, At(places[number]));
+            if (const uint32_t place = places[number])
+                visit(number, stripes[number / kStripe]->At(place));
     }
 
   private:
-    static constexpr uint32_t kPiece = 512;
-    using Piece = std::array<Edit, kPiece>;
+    static constexpr size_t kStripe = 8192;
 
-    Edit& At(uint32_t place) const { return (*pieces[(place - 1) / kPiece])[(place - 1) % kPiece]; }
+    // Not side by side in memory: two threads would slow each other down.
+    struct alignas(64) Stripe {
+        static constexpr uint32_t kPiece = 64;
+        using Piece = std::array<Edit, kPiece>;
 
-    std::vector<uint32_t> places;                // of the edit of each record, from 1 on
-    std::vector<std::unique_ptr<Piece>> pieces;  // growing moves no edit
-    uint32_t count = 0;
+        Edit& At(uint32_t place) { return (*pieces[(place - 1) / kPiece])[(place - 1) % kPiece]; }
+        uint32_t Append() {
+            if (pieces.empty()) pieces.reserve(kStripe / kPiece);
+            if (count % kPiece == 0) pieces.push_back(std::make_unique<Piece>());
+            return ++count;
+        }
+
+        SpinLock growing;
+        uint32_t count = 0;
+        std::vector<std::unique_ptr<Piece>> pieces;  // growing moves no edit
+    };
+
+    void MakeRoomFor(RecordIndex number) {
+        const std::lock_guard lock(sizing);
+        if (number < size) return;
+        places.resize(std::max<size_t>(expected, number + 1));
+        while (stripes.size() * kStripe < places.size()) {
+            stripes.push_back(std::make_unique<Stripe>());
+        }
+        size = places.size();
+    }
+
+    std::vector<uint32_t> places;  // of the edit of each record in its stripe, from 1 on
+    std::vector<std::unique_ptr<Stripe>> stripes;
+    std::atomic<size_t> size = 0;  // of the places, once they are there
+    SpinLock sizing;
     size_t expected = 0;
 };
 

@@ -1,6 +1,5 @@
 // Changing records, and taking changes back.
 #include <algorithm>
-#include <mutex>
 #include <utility>
 
 #include "platform/drawing/dxf/StoreState.h"
@@ -102,11 +101,7 @@ std::string Store::Impl::Applied(RecordIndex number, const Overlay& overlay) con
 
 // The edit of a record that is about to change.
 Edit& Store::Impl::EditToChange(RecordIndex number) {
-    const auto made = [&]() -> Edit& {
-        const std::lock_guard lock(growing);
-        return edits.Of(number);
-    };
-    Edit& edit = made();
+    Edit& edit = edits.Of(number);
     ++edit.changes;
     if (edit.saves == saves) return edit;
     edit.saves = saves;

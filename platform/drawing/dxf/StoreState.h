@@ -38,7 +38,6 @@ struct Store::Impl {
     uint64_t firstNewHandle = 1, nextHandle = 1;
 
     EditTable edits;
-    SpinLock growing;  // of the edits
     uint32_t saves = 0;
     std::vector<Links> links;  // of the inserted records, in order of insertion
     std::unordered_map<RecordIndex, Chain> chains;
