@@ -82,7 +82,8 @@ class TextWriter {
             traducaoTQ::TipoTexto | traducaoTQ::TipoAtributo | traducaoTQ::TipoFio;
         if ((place.object->GetTipo() & kinds) == 0) return false;
         const dxf::RecordIndex record = writing.store.FindHandle(place.handle);
-        return record != dxf::kNoRecord && writing.store.CanChangeBeside(record);
+        return record != dxf::kNoRecord &&
+               writing.store.CanChangeBeside(record, writing.lines[place.line]->traducao);
     }
 
     // The objects go when their texts are written, since the edits need their memory.

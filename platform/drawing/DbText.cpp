@@ -140,6 +140,11 @@ void OdDbMText::setContents(const OdString& contents) {
     const ChunkRun present = contentsOf(store, record());
     if (!present.places.empty() && present.text == contents.text()) return;
     const std::u16string text = WithParagraphs(contents.text());
+    const auto whole = textGroup(store, record());
+    if (whole && present.places.size() == 1) {
+        const std::vector<std::string> chunks = ChunksOf(store.Codec(), text);
+        if (chunks.size() == 1) return store.ReplaceValue(record(), *whole, chunks[0]);
+    }
     std::vector<groups::Edit> edits = ChunkEdits(store, record(), present, text);
     if (edits.empty()) {
         dxf::GroupWriter writer = store.NewWriter(record());

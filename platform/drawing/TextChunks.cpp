@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr size_t kChunk = 250;
+using dxf::kTextChunk;
 
 bool isHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool isLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
@@ -60,12 +60,12 @@ std::optional<dxf::Group> markOf(const dxf::Store& store, dxf::RecordIndex index
 
 std::vector<std::string> ChunksOf(const dxf::TextCodec& codec, std::u16string_view text) {
     std::vector<std::string> chunks{codec.Encode(text)};
-    if (chunks[0].size() <= kChunk) return chunks;
+    if (chunks[0].size() <= kTextChunk) return chunks;
     chunks = {std::string()};
     while (!text.empty()) {
         const size_t length = unitLength(text);
         const std::string unit = codec.Encode(text.substr(0, length));
-        if (chunks.back().size() + unit.size() > kChunk) chunks.emplace_back();
+        if (chunks.back().size() + unit.size() > kTextChunk) chunks.emplace_back();
         chunks.back() += unit;
         text.remove_prefix(length);
     }

@@ -74,6 +74,9 @@ class GroupReader {
     bool broken = false;
 };
 
+// A text of several lines has a group for every so many encoded bytes.
+inline constexpr size_t kTextChunk = 250;
+
 // Throws Error for a value that would end its line, or its string, too early.
 void RefuseLineEnds(int code, std::string_view value, Format format);
 

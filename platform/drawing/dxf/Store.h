@@ -89,10 +89,11 @@ class Store {
     bool Modified() const;                         // a save would differ from the file
     // Another count than before tells that the record has changed since; it wraps.
     uint32_t ChangesOf(RecordIndex index) const;
-    // Whether the text of a record, or a string of its extended data, can get another value while
+    // Whether the text of a record, or a string of its extended data, can become this one while
     // another thread gives one to another such record: so it is for most texts, attributes and
-    // polylines. Nothing else may be done to the store meanwhile.
-    bool CanChangeBeside(RecordIndex index) const;
+    // polylines, and for texts of several lines that are one group before and after. Nothing else
+    // may be done to the store meanwhile.
+    bool CanChangeBeside(RecordIndex index, std::u16string_view text) const;
     void MarkSaved();
 
     // The file at a path as it was when this store read or saved it; nothing when it never did.

@@ -214,14 +214,19 @@ void Store::ReplaceValue(RecordIndex index, const Group& group, std::string_view
     Replace(index, std::string(old).replace(at, group.value.size(), value));
 }
 
-bool Store::CanChangeBeside(RecordIndex index) const {
+bool Store::CanChangeBeside(RecordIndex index, std::u16string_view text) const {
     const Record& record = At(index);
     if (impl->recording || impl->readOnly || (record.flags & kHasEmbedded)) return false;
     if (!impl->IsOfFileOrPatched(index) || index + 1 >= impl->fileCount) return false;
     if (record.type == RecordType::LwPolyline) return true;
-    if (record.type != RecordType::Text && record.type != RecordType::Attrib) return false;
-    Group text;
-    return record.text != 0 && Groups(index, record.text).Next(text) && text.code == 1;
+    GroupReader groups = Groups(index, record.text);
+    Group group;
+    if (record.text == 0 || !groups.Next(group) || group.code != 1) return false;
+    if (record.type == RecordType::Text || record.type == RecordType::Attrib) return true;
+    if (record.type != RecordType::Mtext) return false;
+    while (groups.Next(group) && group.code < 1000)
+        if (group.code == 1 || group.code == 3) return false;
+    return Codec().Encode(text).size() <= kTextChunk;
 }
 
 // The table of edits, which another thread may be making, is asked for records alone that are in

@@ -21,13 +21,14 @@ constexpr uint64_t kFirst = 0x100, kCount = 3000;
 
 std::string Hex(uint64_t handle) { return std::string(OdDbHandle(handle).ascii().narrowText()); }
 
-// Texts, attributes, wires of two strings, and two kinds that only one thread may change at a time.
+// Texts, attributes, wires of two strings, texts of several lines that are one group or two, and
+// texts without their group. The last two are for one thread at a time.
 std::string Entities() {
     std::mt19937 random(7);
     std::string all;
     for (uint64_t handle = kFirst; handle < kFirst + kCount; ++handle) {
         const std::string old(random() % 40, 'a'), head = "5 " + Hex(handle) + "\n330 1F\n8 0\n";
-        switch (random() % 5) {
+        switch (random() % 6) {
             case 0:
                 all += "0 TEXT\n" + head + "100 AcDbText\n40 2.5\n1 " + old + "\n7 S\n";
                 break;
@@ -38,7 +39,10 @@ std::string Entities() {
                 all += "0 LWPOLYLINE\n" + head + "90 0\n1001 W\n1000 A" + old + "\n1000 B\n";
                 break;
             case 3:
-                all += "0 MTEXT\n" + head + "100 AcDbMText\n40 2.5\n1 " + old + "\n";
+                all += "0 MTEXT\n" + head + "100 AcDbMText\n40 2.5\n1 " + old + "\n7 S\n";
+                break;
+            case 4:
+                all += "0 MTEXT\n" + head + "100 AcDbMText\n40 2.5\n3 " + old + "\n1 b\n";
                 break;
             default:
                 all += "0 TEXT\n" + head + "100 AcDbText\n40 2.5\n7 S\n";
@@ -70,7 +74,7 @@ TEST(SecondThread, SetsTextsAsOneThreadDoes) {
     std::vector<uint64_t> beside, rest;
     for (uint64_t handle = kFirst; handle < kFirst + kCount; ++handle) {
         const dxf::Store& store = shared->store();
-        const bool can = store.CanChangeBeside(store.FindHandle(handle));
+        const bool can = store.CanChangeBeside(store.FindHandle(handle), u"now");
         (can ? beside : rest).push_back(handle);
         SetTexts(*alone, handle);
     }
