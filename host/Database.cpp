@@ -4,8 +4,6 @@
 #include <QPromise>
 #include <QSqlQuery>
 
-#include <sys/resource.h>
-
 #include "host/Error.h"
 #include "host/Schema.h"
 
@@ -54,17 +52,12 @@ QString Described(const CKVQuery& query) {
     return QStringLiteral("%1; values: %2").arg(prepared.lastQuery(), ValuesOf(prepared));
 }
 
-// A dictionary is mostly read beside a drawing and wanted after it: where processors are short, the
-// drawing comes first. On Linux this is the priority of the calling thread alone.
-void StepBack() { ::setpriority(PRIO_PROCESS, 0, 5); }
-
 }  // namespace
 
 Database::Database(const QString& url, OnMissing onMissing, LogLine log,
                    std::chrono::milliseconds busyTimeout)
     : url(url), onMissing(onMissing), log(std::move(log)), busyTimeout(busyTimeout) {
     queue.emplace([this] { return EndBurst(); }, kIdleAfter);
-    queue->Submit(StepBack);
 }
 
 Database::~Database() {

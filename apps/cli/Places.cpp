@@ -73,27 +73,31 @@ class Sorting {
         for (const auto& places : {front, back}) {
             for (const Place& place : places) highest = std::max(highest, place.handle);
         }
-        while (highest >> shift > sorted.size() / kBucket) ++shift;
+        const size_t wanted = sorted.size() / kBucket + 1;
+        while (highest >> shift > wanted) ++shift;
         buckets = (highest >> shift) + 1;
     }
 
     std::vector<Place> Sorted() && {
-        std::vector<uint32_t> frontEnds, backEnds;
-        SideBySide([&] { frontEnds = Count(front); }, [&] { backEnds = Count(back); });
+        // Of each bucket: how many, then where the next one goes, at last where they end.
+        std::vector<uint32_t> frontNext, backNext;
+        SideBySide([&] { frontNext = Count(front); }, [&] { backNext = Count(back); });
         uint32_t end = 0;
         for (size_t bucket = 0; bucket < buckets; ++bucket) {
-            end += std::exchange(frontEnds[bucket], end);
-            end += std::exchange(backEnds[bucket], end);
+            end += std::exchange(frontNext[bucket], end);
+            end += std::exchange(backNext[bucket], end);
         }
-        const std::vector<uint32_t> begins = frontEnds;
-        SideBySide([&] { MoveFrom(front, frontEnds); }, [&] { MoveFrom(back, backEnds); });
+        const std::vector<uint32_t> begins = frontNext;
+        SideBySide([&] { MoveFrom(front, frontNext); }, [&] { MoveFrom(back, backNext); });
         const auto sort = [&](size_t first, size_t last) {
             for (size_t bucket = first; bucket < last; ++bucket) {
-                std::sort(sorted.begin() + begins[bucket], sorted.begin() + backEnds[bucket],
+                std::sort(sorted.begin() + begins[bucket], sorted.begin() + backNext[bucket],
                           IsBefore);
             }
         };
-        const size_t middle = buckets / 2;
+        const auto half = static_cast<uint32_t>(sorted.size() / 2);
+        const auto middle =
+            static_cast<size_t>(std::ranges::lower_bound(begins, half) - begins.begin());
         SideBySide([&] { sort(0, middle); }, [&] { sort(middle, buckets); });
         return std::move(sorted);
     }
@@ -104,7 +108,6 @@ class Sorting {
         for (const Place& place : places) ++counts[place.handle >> shift];
         return counts;
     }
-    // next: where the next place of each bucket goes.
     void MoveFrom(std::span<Place> places, std::vector<uint32_t>& next) {
         for (Place& place : places) sorted[next[place.handle >> shift]++] = std::move(place);
     }

@@ -1,5 +1,8 @@
 // Translations from the file to the file.
 #include <QRegularExpression>
+#include <algorithm>
+#include <numeric>
+#include <random>
 
 #include "tests/cli/CliRun.h"
 #include "tests/cli/SampleDrawing.h"
@@ -108,6 +111,39 @@ INSTANTIATE_TEST_SUITE_P(
                                Groups("1000 W1^LCabo\n1000 W1^LCabo"), "Cabo,,Kabel\n",
                                "not written   1\n  wire 35 \"Cabo\": not found again"}),
     [](const auto& info) { return info.param.name; });
+
+// More lines than a thread takes at a time, objects in no order of their handles, and one handle
+// far from the others: each object gets the translation of its own text.
+TEST_F(Translate, ManyTextsInAnyOrder) {
+    std::string terms = "Português,English,Deutsch\n", entities = Groups("2 ENTITIES");
+    for (int i = 0; i < 9000; ++i) {
+        terms += "T" + std::to_string(i) + ",,U" + std::to_string(i) + "\n";
+    }
+    Write("terms.csv", terms);
+    ASSERT_EQ(Run(kDatabase + QStringList{"db", "import", "terms.csv"}).status, 0);
+    std::vector<int> handles(12000);
+    std::iota(handles.begin(), handles.end(), 0x1000);
+    std::ranges::shuffle(handles, std::mt19937(7));
+    for (const int handle : handles) {
+        const std::string kind = handle % 3 ? "0 TEXT\n5 " : "0 MTEXT\n5 ";
+        entities += Groups(kind + QString::number(handle, 16).toStdString() +
+                           "\n8 P1\n40 2.5\n1 T" + std::to_string(handle % 9000));
+    }
+    const std::string all = Replaced(SampleDrawing(), Groups("2 ENTITIES"), entities);
+    for (const std::string far : {"30", "FFFFFFFFFFFFFFF0"}) {
+        Write("in.dxf", Replaced(all, Groups("5 30"), Groups("5 " + far)));
+        const CliResult result = Translation({"-o", "out.dxf"});
+        ASSERT_EQ(result.status, 0) << result.err;
+        EXPECT_NE(result.out.find(" 12009 strings changed, 0 other"), std::string::npos);
+        const auto texts = QString::fromStdString(Run({"texts", "in.dxf"}).out).split('\n');
+        const auto translated = QString::fromStdString(Run({"texts", "out.dxf"}).out).split('\n');
+        ASSERT_EQ(translated.size(), texts.size());
+        for (qsizetype i = 0; i < texts.size(); ++i) {
+            if (!texts[i].contains("\tT")) continue;
+            EXPECT_EQ(translated[i], QString(texts[i]).replace("\tT", "\tU"));
+        }
+    }
+}
 
 TEST_F(Translate, RecordsStayBelowTheirKeyAndSurviveASecondLanguage) {
     // The root dictionary is the one without an owner, wherever it stands.

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "translator/dialogs/AnteciparMemoria.h"
+
 namespace traducaoTQ {
 
 namespace {

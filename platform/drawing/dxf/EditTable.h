@@ -35,7 +35,8 @@ class LateText {
     mutable std::atomic<const std::string*> text = nullptr;  // owned
 };
 
-// For a few instructions that two threads seldom do at the same time: neither ever sleeps.
+// For what is short, or done once, and what two threads seldom do at the same time: neither ever
+// sleeps.
 class SpinLock {
   public:
     void lock() {
@@ -60,10 +61,10 @@ struct Edit {
     bool savedErased = false;
 };
 
-// An array of record numbers leads to the edits, so that a look-up is two reads, and a walk in the
-// order of the records needs no sorting. Two threads may edit records of the file at the same time,
-// as long as each looks only for edits that it has made: neighbouring records share a stripe, and
-// only of the same stripe does one thread wait for the other.
+// An array of record numbers leads to the edits, so that a look-up is a few reads, and a walk in
+// the order of the records needs no sorting. Two threads may edit records of the file at the same
+// time, as long as each looks only for edits that it has made: neighbouring records share a stripe,
+// and only of the same stripe does one thread wait for the other.
 class EditTable {
   public:
     // How many records the file has. Once the first of them is edited, an edit of another one moves

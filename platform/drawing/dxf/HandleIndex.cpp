@@ -7,6 +7,16 @@
 
 namespace dxf {
 
+namespace {
+
+// Whether the handle finds the record. One that has taken over another's may still have a slot.
+bool Bears(const Record& record) {
+    const bool duplicate = (record.flags & (kDuplicateHandle | kMemoryHandle)) == kDuplicateHandle;
+    return record.handle != 0 && !duplicate;
+}
+
+}  // namespace
+
 void HandleIndex::Reserve(RecordIndex count, uint64_t seed) {
     const size_t wanted = std::bit_ceil(size_t(count) + size_t(count) / 2 + 16);
     dense = seed <= wanted;
@@ -57,7 +67,7 @@ void HandleIndex::Rehash(size_t slotCount) {
         std::exchange(slots, std::vector<RecordIndex>(slotCount, kNoRecord));
     used = 0;
     for (const RecordIndex index : old)
-        if (index != kNoRecord && records[index].handle != 0) Insert(index);
+        if (index != kNoRecord && Bears(records[index])) Insert(index);
 }
 
 }  // namespace dxf

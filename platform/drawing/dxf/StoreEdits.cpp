@@ -219,14 +219,17 @@ bool Store::CanChangeBeside(RecordIndex index, std::u16string_view text) const {
     if (impl->recording || impl->readOnly || (record.flags & kHasEmbedded)) return false;
     if (!impl->IsOfFileOrPatched(index) || index + 1 >= impl->fileCount) return false;
     if (record.type == RecordType::LwPolyline) return true;
+    if (record.text == 0) return false;
     GroupReader groups = Groups(index, record.text);
     Group group;
-    if (record.text == 0 || !groups.Next(group) || group.code != 1) return false;
+    if (!groups.Next(group) || group.code != 1) return false;
     if (record.type == RecordType::Text || record.type == RecordType::Attrib) return true;
     if (record.type != RecordType::Mtext) return false;
-    while (groups.Next(group) && group.code < 1000)
+    const uint32_t end = record.xdata ? record.xdata : record.length;
+    while (groups.Next(group) && group.begin < end)
         if (group.code == 1 || group.code == 3) return false;
-    return Codec().Encode(text).size() <= kTextChunk;
+    // A line feed would be written as a code of its own.
+    return text.find(u'\n') == text.npos && Codec().Encode(text).size() <= kTextChunk;
 }
 
 // The table of edits, which another thread may be making, is asked for records alone that are in

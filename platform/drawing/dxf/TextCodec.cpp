@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <type_traits>
 
 namespace dxf {
 
@@ -119,6 +120,12 @@ void AppendPlain(std::u16string_view plain, std::string& raw) {
     for (size_t i = 0; i < plain.size(); ++i) raw[before + i] = char(plain[i]);
 }
 
+std::string Narrowed(std::u16string_view plain) {
+    std::string raw;
+    AppendPlain(plain, raw);
+    return raw;
+}
+
 // Plain characters are the same in every page.
 std::u16string Widened(std::string_view plain) {
     std::u16string text(plain.size(), u'\0');
@@ -176,8 +183,7 @@ bool TextCodec::Reads(std::string_view raw, std::u16string_view text) const {
 }
 
 std::string TextCodec::Encode(std::u16string_view text) const {
-    std::string plain;
-    if (IsAllPlain(text)) return AppendPlain(text, plain), plain;
+    if (IsAllPlain(text)) return Narrowed(text);
     const bool loose = std::any_of(text.begin(), text.end(), IsUndecodable);
     std::string raw = EncodeAll(text, true);
     // A byte that stands for itself may make a character with what comes behind it now; escaped it

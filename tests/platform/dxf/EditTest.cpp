@@ -258,6 +258,19 @@ TEST(Edits, HandSeedFollowsNewHandlesThatAreWritten) {
     EXPECT_EQ(bare->ToBytes().find("$HANDSEED"), std::string::npos);
 }
 
+// Also when the index of the handles grows meanwhile.
+TEST(Edits, AHandleThatIsTakenOverStillFindsItsFirstRecord) {
+    const auto store =
+        Store::Parse(Drawing({{0, "TEXT"}, {5, "A"}, {1, "a"}, {0, "TEXT"}, {5, "9"}, {1, "b"}}));
+    const RecordIndex first = store->FindHandle(0xA), second = store->FindHandle(0x9);
+    store->Replace(second, Lines({{0, "TEXT"}, {5, "A"}, {1, "b"}}));
+    for (int i = 0; i < 200; ++i) {
+        EXPECT_EQ(store->FindHandle(0xA), first);
+        const std::string handle = std::to_string(100 + i);
+        store->InsertAfter(first, Lines({{0, "POINT"}, {5, handle.c_str()}}));
+    }
+}
+
 TEST(Edits, MemoryHandlesAreFoundAndNeverWritten) {
     const auto store = Store::Parse(Drawing(
         {{0, "TEXT"}, {5, "30"}, {1, "a"}, {0, "TEXT"}, {5, "0030"}, {0, "TEXT"}, {1, "c"}}));

@@ -33,11 +33,11 @@ TEST_P(HandlesOfADrawing, AreFoundAsInAMap) {
     };
     for (RecordIndex i = 0; i < kCount; ++i) enter(1 + random() % GetParam().highest);
     for (int i = 0; i < 100; ++i) {
+        const uint64_t handle = GetParam().highest + 1 + random() % 5000;
+        if (known.contains(handle)) continue;
         const auto changed = known.begin();
         const RecordIndex number = changed->second;
         known.erase(changed);
-        const uint64_t handle = GetParam().highest + 1 + random() % 5000;
-        if (known.contains(handle)) continue;
         records[number].handle = handle;
         index.Insert(number);
         known[handle] = number;

@@ -7,6 +7,7 @@
 
 namespace {
 
+using namespace std::literals;
 using dxf::TextCodec;
 using dxf::Version;
 
@@ -80,6 +81,27 @@ TEST(TextCodec, EveryTextComesBack) {
             ASSERT_FALSE(codec.Reads(raw, text.substr(1))) << raw;
         }
     }
+}
+
+// Whatever part of a longer text is looked at as a whole: one character that is not plain is seen
+// at every place.
+TEST(TextCodec, OneCharacterAmongPlainOnes) {
+    constexpr size_t kLength = 70;
+    const TextCodec codec(Version::R2000, "ANSI_1252");
+    for (const char16_t unit : u"\x1f\x7f^\xe9\u0141\u5c00\u015e\u205c"s) {
+        for (size_t place = 0; place < kLength; ++place) {
+            std::u16string text(kLength, u'a');
+            text[place] = unit;
+            const std::string raw = codec.Encode(text);
+            EXPECT_NE(raw, std::string(kLength, 'a')) << place;
+            EXPECT_EQ(codec.Decode(raw), text) << place;
+            EXPECT_TRUE(codec.Reads(raw, text)) << place;
+            text[place] = u'a';
+            EXPECT_FALSE(codec.Reads(raw, text)) << place;
+        }
+    }
+    const std::string plain(kLength, '~');
+    EXPECT_EQ(codec.Encode(codec.Decode(plain)), plain);
 }
 
 TEST(TextCodec, UndecodableBytesComeBack) {
