@@ -95,6 +95,17 @@ void setBothTexts(Store& store, RecordIndex index, const OdString& text) {
     groups::Apply(store, index, edits);
 }
 
+// Contents that are one group, and stay one, get another value.
+bool replacedInPlace(Store& store, RecordIndex index, const ChunkRun& present,
+                     std::u16string_view text) {
+    const auto whole = textGroup(store, index);
+    if (!whole || present.places.size() != 1) return false;
+    const std::vector<std::string> chunks = ChunksOf(store.Codec(), text);
+    if (chunks.size() != 1) return false;
+    store.ReplaceValue(index, *whole, chunks[0]);
+    return true;
+}
+
 int64_t attributeFlags(const Store& store, RecordIndex index) {
     const auto flags = groups::Find(store, index, kFlags);
     return flags ? flags->AsInt() : 0;
@@ -140,11 +151,7 @@ void OdDbMText::setContents(const OdString& contents) {
     const ChunkRun present = contentsOf(store, record());
     if (!present.places.empty() && present.text == contents.text()) return;
     const std::u16string text = WithParagraphs(contents.text());
-    const auto whole = textGroup(store, record());
-    if (whole && present.places.size() == 1) {
-        const std::vector<std::string> chunks = ChunksOf(store.Codec(), text);
-        if (chunks.size() == 1) return store.ReplaceValue(record(), *whole, chunks[0]);
-    }
+    if (replacedInPlace(store, record(), present, text)) return;
     std::vector<groups::Edit> edits = ChunkEdits(store, record(), present, text);
     if (edits.empty()) {
         dxf::GroupWriter writer = store.NewWriter(record());

@@ -150,6 +150,30 @@ TEST(MText, ReplacesAllOfItsChunks) {
               "-  3\n-one\n-  3\n-two\n-  1\n-three\n+  1\n+a\\Pb\n");
 }
 
+TEST(MText, OneGroupThatStaysOneGetsAnotherValue) {
+    const std::string longest(250, 'a');
+    const struct {
+        const char* groups;
+        std::string text, difference;
+    } cases[] = {
+        {"1 old\n", "", "-old\n+\n"},
+        {"1 old\n", longest, "-old\n+" + longest + "\n"},
+        {"1 old\n", longest + "b", "-  1\n-old\n+  3\n+" + longest + "\n+  1\n+b\n"},
+        {"3 old\n", "new", "-  3\n-old\n+  1\n+new\n"},
+        {"1 old\n3 more\n", "new", "-old\n-  3\n-more\n+new\n"},
+    };
+    for (const auto& [groups, text, difference] : cases) {
+        SCOPED_TRACE(groups + text);
+        OdDbDatabasePtr database = Open({.entities = mtext(groups)});
+        const std::string before = database->toBytes();
+        OdDbMTextPtr mtext = At<OdDbMText>(*database, u"30", OdDb::kForWrite);
+        mtext->setContents(u"between");
+        mtext->setContents(OdString(text.c_str()));
+        EXPECT_EQ(mtext->contents(), OdString(text.c_str()));
+        EXPECT_EQ(Difference(before, database->toBytes()), difference);
+    }
+}
+
 // Pieces of random text must read back as it was, with no piece too long and none that ends inside
 // a character or an escape.
 TEST(MText, ChunksSplitNothing) {
