@@ -13,6 +13,7 @@ namespace cli {
 namespace {
 
 using traducaoTQ::AnteciparMemoria;
+using traducaoTQ::AnteciparTraduzivel;
 
 // Lines, their lists and their objects stand anywhere in memory.
 void FetchAhead(const Lines& lines, size_t next, size_t last) {
@@ -22,7 +23,7 @@ void FetchAhead(const Lines& lines, size_t next, size_t last) {
     AnteciparMemoria(&lines[next + kLine]->objetos);
     AnteciparMemoria(lines[next + kList]->objetos.data());
     AnteciparMemoria(lines[next + kList]->traducao.data());
-    for (const auto* object : lines[next + kObject]->objetos) FetchObject(object);
+    for (const auto* object : lines[next + kObject]->objetos) AnteciparTraduzivel(object);
 }
 
 // The texts of one object in the order of the lines, however the threads have shared them: of two

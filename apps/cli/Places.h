@@ -31,16 +31,11 @@ inline std::pair<uint32_t, uint32_t> InLines(const Place& place) {
 // translation. The edits of a large drawing need the memory of the others.
 std::vector<Place> TakePlaces(TranslationTable& table);
 
-// Fetches an object that will be asked for its key.
-inline void FetchObject(const traducaoTQ::ETraduzivel* object) {
-    traducaoTQ::AnteciparMemoria(object);
-    traducaoTQ::AnteciparMemoria(&object->GetChave());
-}
-
 // Neighbours in the file stand anywhere in memory: fetches the object of a place ahead.
 inline void FetchObjectAhead(std::span<const Place> places, size_t next) {
     constexpr size_t kAhead = 12;
-    if (next + kAhead < places.size()) FetchObject(places[next + kAhead].object.get());
+    if (next + kAhead >= places.size()) return;
+    traducaoTQ::AnteciparTraduzivel(places[next + kAhead].object.get());
 }
 
 // The first place from there on that does not continue the object of the place before it.

@@ -71,18 +71,14 @@ class ObjetosPorLinha {
     size_t Quantidade() const { return fins.size(); }
     std::span<ETraduzivel* const> Da(size_t linha) const {
         const size_t inicio = linha == 0 ? 0 : fins[linha - 1];
-        for (size_t i = inicio; i < fins[linha]; ++i) Antecipar(i + kDistancia);
+        for (size_t i = inicio; i < fins[linha]; ++i) {
+            if (i + kDistancia < ordenados.size()) AnteciparTraduzivel(ordenados[i + kDistancia]);
+        }
         return std::span(ordenados).subspan(inicio, fins[linha] - inicio);
     }
 
   private:
     static constexpr size_t kDistancia = 12;  // objects of later lines, which stand anywhere
-
-    void Antecipar(size_t proximo) const {
-        if (proximo >= ordenados.size()) return;
-        AnteciparMemoria(ordenados[proximo]);
-        AnteciparMemoria(&ordenados[proximo]->GetChave());
-    }
 
     std::vector<uint32_t> fins;  // one past the last object of each line
     std::vector<ETraduzivel*> ordenados;

@@ -20,35 +20,30 @@ constexpr uint64_t kFirst = 0x100, kCount = 10000;
 
 std::string Hex(uint64_t handle) { return std::string(OdDbHandle(handle).ascii().narrowText()); }
 
+struct Kind {
+    const char* type;
+    const char* ahead;  // of what the text was
+    const char* behind;
+};
+
 // Texts, attributes, wires of two strings, texts of several lines that are one group or two, and
-// texts without their group. Of the last kinds two threads may not change one each.
+// texts without their group. Of the last three kinds two threads may not change one each.
+constexpr Kind kKinds[] = {{"TEXT", "100 AcDbText\n40 2.5\n1 ", "7 S\n"},
+                           {"ATTRIB", "100 AcDbText\n40 2.5\n1 ", "2 T\n70 0\n"},
+                           {"LWPOLYLINE", "90 0\n1001 W\n1000 A", "1000 B\n"},
+                           {"MTEXT", "100 AcDbMText\n40 2.5\n1 ", "7 S\n"},
+                           {"MTEXT", "100 AcDbMText\n40 2.5\n3 ", "1 b\n"},
+                           {"MTEXT", "100 AcDbMText\n40 2.5\n1 ", "1000 x\n3 b\n"},
+                           {"TEXT", "100 AcDbText\n40 2.5\n7 ", ""}};
+
 std::string Entities() {
     std::mt19937 random(7);
     std::string all;
     for (uint64_t handle = kFirst; handle < kFirst + kCount; ++handle) {
-        const std::string old(random() % 40, 'a'), head = "5 " + Hex(handle) + "\n330 1F\n8 0\n";
-        switch (random() % 7) {
-            case 0:
-                all += "0 TEXT\n" + head + "100 AcDbText\n40 2.5\n1 " + old + "\n7 S\n";
-                break;
-            case 1:
-                all += "0 ATTRIB\n" + head + "100 AcDbText\n40 2.5\n1 " + old + "\n2 T\n70 0\n";
-                break;
-            case 2:
-                all += "0 LWPOLYLINE\n" + head + "90 0\n1001 W\n1000 A" + old + "\n1000 B\n";
-                break;
-            case 3:
-                all += "0 MTEXT\n" + head + "100 AcDbMText\n40 2.5\n1 " + old + "\n7 S\n";
-                break;
-            case 4:
-                all += "0 MTEXT\n" + head + "100 AcDbMText\n40 2.5\n3 " + old + "\n1 b\n";
-                break;
-            case 5:
-                all += "0 MTEXT\n" + head + "100 AcDbMText\n40 2.5\n1 " + old + "\n1000 x\n3 b\n";
-                break;
-            default:
-                all += "0 TEXT\n" + head + "100 AcDbText\n40 2.5\n7 S\n";
-        }
+        const Kind& kind = kKinds[random() % std::size(kKinds)];
+        const std::string old(random() % 40, 'a');
+        all += std::string("0 ") + kind.type + "\n5 " + Hex(handle) + "\n330 1F\n8 0\n";
+        all += kind.ahead + old + "\n" + kind.behind;
     }
     return all;
 }
